@@ -1,0 +1,59 @@
+# How every target of the project is compiled, and the two kinds of target it has.
+
+add_library(quillon_options INTERFACE)
+# No contraction anywhere: a fused step is written as one, never left to the
+# compiler, so that every build gives the same bits.
+target_compile_options(quillon_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -ffp-contract=off
+  $<$<BOOL:${QUILLON_WERROR}>:-Werror>
+  $<$<BOOL:${QUILLON_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
+target_link_options(quillon_options INTERFACE
+  $<$<BOOL:${QUILLON_SANITIZE}>:-fsanitize=address,undefined>)
+target_include_directories(quillon_options INTERFACE
+  ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}/generated)
+
+# quillon_library(NAME [FOLDERS folder...] [LINK library...]): a static library
+# of all sources in the given folders of the project (by default the current
+# one) and their sub-folders. Kernels named for an instruction set are compiled
+# for it, and only they are.
+function(quillon_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FOLDERS;LINK")
+  if(NOT arg_FOLDERS)
+    file(RELATIVE_PATH arg_FOLDERS ${CMAKE_SOURCE_DIR} ${CMAKE_CURRENT_SOURCE_DIR})
+  endif()
+  set(sources)
+  foreach(folder IN LISTS arg_FOLDERS)
+    file(GLOB_RECURSE found CONFIGURE_DEPENDS
+      ${CMAKE_SOURCE_DIR}/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/${folder}/*.h)
+    list(APPEND sources ${found})
+  endforeach()
+  list(FILTER sources EXCLUDE REGEX "main\\.cpp$")
+  if(NOT sources)
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE quillon_options ${arg_LINK})
+    return()
+  endif()
+  add_library(${name} STATIC ${sources})
+  target_link_libraries(${name} PUBLIC quillon_options ${arg_LINK})
+  foreach(source IN LISTS sources)
+    if(source MATCHES "_avx512\\.cpp$")
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS
+        "-mavx512f;-mavx512vl;-mavx512dq;-mavx512bw;-mavx2;-mfma")
+    elseif(source MATCHES "_avx2\\.cpp$")
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS "-mavx2;-mfma")
+    endif()
+  endforeach()
+endfunction()
+
+# quillon_tests(NAME LIBRARIES...): one test program of all sources in the
+# current folder.
+function(quillon_tests name)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${ARGN} quillon_test_support GTest::gtest)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 1800)
+endfunction()
