@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <string>
+
+#include "app/Folders.h"
+#include "engine/Desktop.h"
+#include "engine/PictureBox.h"
+#include "engine/clComplexImage.h"
+
+namespace quillon {
+
+/// Which of the two channels: the upper or the lower row of panels.
+enum class Channel : int { One = 0, Two = 1 };
+
+/// Routines that need only the channel of a panel read ids below 4 as channel 1.
+constexpr Channel channelOfPanel(Integer panel) noexcept {
+    return panel < 4 ? Channel::One : Channel::Two;
+}
+
+/// What the image input and output, the scripts and the window's routines work
+/// on together: the channels, the panels, the two work surfaces, the common
+/// dialog and the few values that the whole program shares. The window owns all
+/// of it; the rooms below the window get it by reference.
+struct Lab {
+    Desktop& desktop;
+    Folders folders;
+
+    clComplexImage& channel1;
+    clComplexImage& channel2;
+    PictureBox& pb1;
+    PictureBox& pb2;
+    PictureBox& pb3;
+    PictureBox& pb4;
+    PictureBox& pb5;
+    PictureBox& pb6;
+    /// Work surfaces: `mem` holds the copy of a panel during a shift, `img` is
+    /// the loading buffer and the canvas of a batch's montage.
+    PictureBox& mem;
+    PictureBox& img;
+    /// The strip's cells: 0 file name, 1 pointer, 2 messages.
+    std::array<Label*, 3> lbSTB;
+
+    FileDialog ComFile{};
+    /// 0 ground, 1 strong colour, 2 spare, 3 dimmed ground, 4 dimmed foreground.
+    std::array<ColorValue, 5> guiColors{};
+    bool autoCalculate = false;
+    bool frenchTutorial = false;
+    /// 1 Lab, 2 Tutorial, 0 before the first click on a tab.
+    Integer viewTab = 0;
+    /// True while the light is off.
+    std::function<bool()> dimmed;
+
+    clComplexImage& channel(Channel which) const {
+        return which == Channel::One ? channel1 : channel2;
+    }
+    clComplexImage& channelOf(Integer panel) const { return channel(channelOfPanel(panel)); }
+    /// The panel of id 1 to 6; throws RunTimeError SubscriptOutOfRange for any other.
+    PictureBox& panel(Integer id) const;
+    PictureBox& imagePanel(Channel which) const { return which == Channel::One ? pb1 : pb4; }
+    PictureBox& spectrumPanel(Channel which) const { return which == Channel::One ? pb2 : pb5; }
+    PictureBox& reconstructionPanel(Channel which) const {
+        return which == Channel::One ? pb3 : pb6;
+    }
+
+    /// Text into a cell of the status strip, shown at once.
+    void ShowStatus(Integer i, const std::string& s) const;
+    /// Empties the Tags of a channel's three panels before a new computation.
+    void ClearChannelTags(Integer panelId) const;
+};
+
+}  // namespace quillon

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "engine/Control.h"
+
+namespace quillon {
+
+/// A box with a caption on its upper border; without border (BorderStyle 0) the
+/// caption stays.
+class Frame : public Control {
+public:
+    using Control::Control;
+};
+
+/// A small picture that acts as a button.
+class ImageControl : public Control {
+public:
+    using Control::Control;
+};
+
+/// An outline or a filled circle above a panel, in panel pixels. Never part of
+/// the panel's bitmap.
+class Shape : public Control {
+public:
+    using Control::Control;
+    /// 0 solid, 1 transparent.
+    Property<Integer> FillStyle{*this, Integer{1}};
+    Property<ColorValue> FillColor{*this, kBlack};
+    Property<ColorValue> BorderColor{*this, kRed};
+};
+
+/// A straight line above a panel, drawn with the XOR pen, in panel pixels.
+class LineControl : public Control {
+public:
+    using Control::Control;
+    Property<Single> X1{*this};
+    Property<Single> Y1{*this};
+    Property<Single> X2{*this};
+    Property<Single> Y2{*this};
+    Property<ColorValue> BorderColor{*this, kWhite};
+};
+
+/// Ticks through the event loop while enabled.
+class Timer : public Control {
+public:
+    explicit Timer(std::string name) : Control(std::move(name)) { Enabled = false; }
+    /// In milliseconds.
+    Property<Integer> Interval{*this, Integer{0}};
+};
+
+/// The list of a folder's files that match a pattern, sorted by name.
+class FileListBox : public Control {
+public:
+    using Control::Control;
+    std::string Path;
+    std::string Pattern;
+};
+
+/// The pane that shows the tutorial. It keeps the last address asked for; the
+/// desktop's pane follows when it exists.
+class Browser : public Control {
+public:
+    using Control::Control;
+    /// Address or path of the page asked for last, with a count that rises at
+    /// each request, so that the same page can be asked for again.
+    Property<std::string> Address{*this};
+    Property<Long> Requests{*this};
+
+    void Navigate2(const std::string& address) {
+        Address = address;
+        Requests = Requests.get() + 1;
+    }
+};
+
+/// One entry of a menu. A caption of "-" is a separator; its index counts. An
+/// "&" stands before the letter of the access key.
+class MenuItem : public Control {
+public:
+    using Control::Control;
+    Property<bool> Checked{*this};
+
+    bool separator() const { return Caption.get() == "-"; }
+};
+
+}  // namespace quillon

@@ -1,0 +1,251 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/Lab.h"
+#include "engine/Control.h"
+#include "engine/Desktop.h"
+#include "engine/PictureBox.h"
+#include "engine/clComplexImage.h"
+#include "ui/ControlTable.h"
+#include "ui/Controls.h"
+#include "ui/MenuTable.h"
+
+namespace quillon {
+
+// Mouse buttons and the state of the modifier keys, by the platform's numbers.
+// Tests are by equality: Shift and Ctrl together are neither.
+inline constexpr Integer kLeftButton = 1;
+inline constexpr Integer kRightButton = 2;
+inline constexpr Integer kMiddleButton = 4;
+inline constexpr Integer kShiftKey = 1;
+inline constexpr Integer kCtrlKey = 2;
+inline constexpr Integer kAltKey = 4;
+
+// States of the window.
+inline constexpr Integer kWindowNormal = 0;
+inline constexpr Integer kWindowMinimised = 1;
+inline constexpr Integer kWindowMaximised = 2;
+
+/// What the window's object asks of the window that shows it.
+class FormHost {
+public:
+    virtual ~FormHost() = default;
+    /// Makes the window visible, in the state that WindowState tells.
+    virtual void show() = 0;
+    /// Shows the menu that a title of the bar opens ("mnuImg1") at the pointer and
+    /// waits for the choice, which comes through the click handler.
+    virtual void popupMenu(std::string_view title) = 0;
+    /// The window goes and the process ends when the running handler returns.
+    virtual void unloaded() = 0;
+};
+
+/// The window as a plain object: its controls, its menus, the two channels, and
+/// one method for each event. It needs no toolkit; a test or the headless tool
+/// drives it as the window does.
+///
+/// Bodies lie by subject in ui/Form1_*.cpp.
+class Form1 : public Control, public MaskPainter {
+public:
+    Form1(Desktop& desktop, const Folders& folders);
+    ~Form1() override;
+
+    // --- The window itself. The host writes back what the window system tells.
+    Property<Integer> WindowState{*this, kWindowNormal};
+    /// The client area, in twips.
+    Single ScaleWidth() const noexcept { return scaleWidth_; }
+    Single ScaleHeight() const noexcept { return scaleHeight_; }
+    /// Sets the client area and runs the resize rules.
+    void resized(Single scaleWidth, Single scaleHeight);
+    void setHost(FormHost* host) noexcept { host_ = host; }
+
+    // --- Controls and menus, by name and index.
+    Control& control(std::string_view name, int index = -1);
+    std::vector<Control*> controls() const;
+    MenuItem& menu(MenuArray array, Integer index);
+    /// A title of the menu bar: "mnuImg1".
+    MenuItem& menuTitle(std::string_view name);
+    const ControlRow& rowOf(const Control& child) const;
+    Control* parentOf(const Control& child);
+
+private:
+    /// The controls, the menus and the two channels. First among the members,
+    /// because all that follows refers to them.
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+
+    template <class Kind>
+    Kind& find(std::string_view name, int index = -1) {
+        return static_cast<Kind&>(control(name, index));
+    }
+
+public:
+    Desktop& desktop;
+    PictureBox& mem;
+    PictureBox& img;
+    Frame& frt1;
+    Frame& fr1;
+    Frame& fr2;
+    Frame& fr3;
+    Frame& fr4;
+    Frame& fr5;
+    Frame& fr6;
+    PictureBox& pb1;
+    PictureBox& pb2;
+    PictureBox& pb3;
+    PictureBox& pb4;
+    PictureBox& pb5;
+    PictureBox& pb6;
+    PictureBox& pbh;
+    Label& lbHIS;
+    Label& LHIST;
+    Timer& Timer1;
+    FileListBox& File1;
+    Browser& ie5;
+    PictureBox& btLUT;
+    ImageControl& imgDIM;
+    Frame& frLUT;
+    PictureBox& pbLUT;
+    Label& Label1;
+    PictureBox& stb;
+    Label& lbSTB(Integer i) { return find<Label>("lbSTB", i); }
+    Label& lbTAB(Integer i) { return find<Label>("lbTAB", i); }
+    Label& lbBR1(Integer i) { return find<Label>("lbBR1", i); }
+    Label& lbBR2(Integer i) { return find<Label>("lbBR2", i); }
+    Label& Label2(Integer i) { return find<Label>("Label2", i); }
+    Shape& shp1(Integer i) { return find<Shape>("shp1", i); }
+    LineControl& Line1(Integer i) { return find<LineControl>("Line1", i); }
+    /// Frame of a panel, 1 to 6.
+    Frame& frame(Integer panel);
+    /// "[-]" and "[+]" of a channel.
+    Label& lbBR(Channel which, Integer i) { return which == Channel::One ? lbBR1(i) : lbBR2(i); }
+    Shape& ring(Channel which) { return shp1(which == Channel::One ? 0 : 1); }
+
+    /// What the rooms below the window share with it.
+    Lab lab;
+
+    // --- Session (Form1_session.cpp, Form1_settings.cpp)
+    /// The opening, in its fixed order, up to the first-use message.
+    void Form_Load();
+    /// The closing: settings, then the session script. Never refuses.
+    void Form_QueryUnload();
+    /// Runs the closing once and tells the host that the window goes.
+    void unload();
+    bool isUnloaded() const noexcept { return unloaded_; }
+    void ReadRegistry();
+    void SaveRegistry();
+    bool firstRun = false;
+    std::string helpFile;
+    Integer panelW = 0;
+    Integer panelH = 0;
+
+    // --- Layout, colours, status (Form1_layout.cpp, Form1_colors.cpp)
+    void Form_Resize();
+    void ShowStatus(Integer i, const std::string& s) { lab.ShowStatus(i, s); }
+    void ShowPointer(Integer X, Integer Y, const std::string& s);
+    void ApplyGuiColors(ColorValue c0, ColorValue c1, ColorValue c2, ColorValue c3, ColorValue c4);
+    void SetFilterRings(Single R);
+    void SetFilterRing(Integer c, Single R);
+    void ClearChannelTags(Integer p) { lab.ClearChannelTags(p); }
+    Integer guiColorIndex = 0;
+
+    // --- Colour scheme selector (Form1_lut.cpp)
+    void SelectLutRow(Integer row);
+    void DrawLutButton(PictureBox& pb, std::span<const Long> c);
+
+    // --- Intensity controls (Form1_intensity.cpp)
+    void ShowIntensityFactor();
+    void Timer1_Timer();
+
+    // --- Events. X and Y are pixels in panels of pixel scale, else twips.
+    void MouseDown(Control& where, Integer Button, Integer Shift, Single X, Single Y);
+    void MouseMove(Control& where, Integer Button, Integer Shift, Single X, Single Y);
+    void MouseUp(Control& where, Integer Button, Integer Shift, Single X, Single Y);
+    void Click(Control& where);
+    void DblClick(Control& where);
+    void KeyDown(Integer KeyCode, Integer Shift);
+    void KeyUp(Integer KeyCode, Integer Shift);
+    void KeyPress(Integer KeyAscii);
+    void remoteKeyPress(Integer& KeyAscii) { KeyPress(KeyAscii); }
+    void remoteKeyUp(Integer& KeyCode, Integer& Shift) { KeyUp(KeyCode, Shift); }
+    /// Files dropped on an image panel.
+    void OLEDragDrop(Control& where, const std::vector<std::string>& files);
+
+    // --- Menus (Form1_menus.cpp): click handlers by Index.
+    void click(MenuArray array, Integer Index);
+    void mnuImg1a(Integer Index);
+    void mnuImg2a(Integer Index);
+    void mnuFT1a(Integer Index);
+    void mnuFT2a(Integer Index);
+    void mnuNew1a(Integer Index);
+    void mnuNew2a(Integer Index);
+    void mnuImg1b(Integer Index);
+    void mnuImg2b(Integer Index);
+    void itmFile(Integer Index);
+    void itmSCR(Integer Index);
+    void itmOpt(Integer Index);
+    void itmOpt0(Integer Index);
+    void itmOpt1(Integer Index);
+    void itm10(Integer Index);
+    void itm10a(Integer Index);
+
+    // --- Filters and masks (Form1_filters.cpp, Form1_filter_editing.cpp)
+    void DrawMasks(Integer m) override;
+    void ApplyFilterChoice(Integer id, Integer m);
+    void DrawLowPassMask(Integer id, PictureBox& pb);
+    /// Rubber band of the FT panels: moving and fixed corner.
+    Single bandX = 0;
+    Single bandY = 0;
+    Single bandStartX = 0;
+    Single bandStartY = 0;
+
+    // --- Image input and output, handed on to app/.
+    void LoadPanelImage(Integer panel, const std::string& file);
+    void ReloadImage(Integer panel);
+    void NewPanelImage(Integer panel);
+    void SavePanelImage(Integer panel, const std::string& file);
+    void CopyPanelImage(Integer panel);
+    void PasteImage(Integer panel);
+    void InvertPanel(Integer panel, bool on);
+    void PrintPanel(Integer panel);
+
+    /// The image panel moved by the keyboard whose transform waits for a key's release.
+    Integer pendingShiftPanel = 0;
+    /// The batch stops after the image in progress.
+    bool bStopBatch = false;
+
+private:
+    void WriteDefaultSettings();
+
+    // Handlers of one kind of control each; Form1_events.cpp tells which event goes where.
+    void imagePanelMouseDown(Channel which, Integer Button, Integer Shift, Single X, Single Y);
+    void imagePanelMouseMove(Channel which, Integer Button, Integer Shift, Single X, Single Y);
+    void imagePanelMouseUp(Channel which, Integer Button, Integer Shift, Single X, Single Y);
+    void spectrumPanelMouseDown(Channel which, Integer Button, Integer Shift, Single X, Single Y);
+    void spectrumPanelMouseMove(Channel which, Integer Button, Integer Shift, Single X, Single Y);
+    void spectrumPanelMouseUp(Channel which, Integer Button, Integer Shift, Single X, Single Y);
+    void reconstructionPanelMouseDown(Channel which, Integer Button, Integer Shift, Single X,
+                                      Single Y);
+    void reconstructionPanelMouseMove(Channel which, Integer Button, Integer Shift, Single X,
+                                      Single Y);
+    void reconstructionPanelMouseUp(Channel which, Integer Button, Integer Shift, Single X,
+                                    Single Y);
+    void intensityMouseDown(Channel which, Integer index, Integer Button);
+    void intensityMouseUp(Channel which);
+    void selectorMouseUp(Single Y);
+    void dragOnLeftPress(Control& dragged, Integer Button, Integer Shift);
+    void histogramMouseMove(Single X, Single Y);
+    void tabClick(Integer Index);
+    void LightOff();
+
+    FormHost* host_ = nullptr;
+    Single scaleWidth_ = kDesignWidth;
+    Single scaleHeight_ = kDesignHeight;
+    bool unloaded_ = false;
+};
+
+}  // namespace quillon
