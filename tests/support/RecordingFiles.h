@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/Bitmap.h"
+#include "engine/Desktop.h"
+#include "tests/support/CallLog.h"
+
+namespace quillon {
+
+/// A file system in memory. Names are found without regard to case where the
+/// exact name does not exist; "/" and "\" are the same, a closing separator
+/// does not count. The root of every drive and the current folder exist.
+class RecordingFiles : public Files {
+public:
+    struct File {
+        std::string bytes;
+        /// What the pictures service sees in the file, if it can decode it.
+        std::optional<Bitmap> picture;
+        bool readOnly = false;
+        bool privately = false;
+    };
+
+    explicit RecordingFiles(CallLog& log) : log_(log) {}
+
+    // What a test sets up and looks at; none of it is logged.
+
+    /// Puts a file there, or a folder, with the folders above it.
+    File& addFile(const std::string& path, std::string_view bytes);
+    void addFolder(const std::string& path);
+    /// The file, or nullptr.
+    File* find(const std::string& path);
+    bool exists(const std::string& path) { return find(path) != nullptr; }
+    /// The bytes of a file; fails the test where there is none.
+    std::string bytesOf(const std::string& path);
+    /// Nothing can be made, changed or removed in such a folder: PathFileAccessError.
+    void makeFolderReadOnly(const std::string& path);
+    /// Nothing more can be written: DiskFull.
+    bool diskFull = false;
+    /// Files that cannot be read: PathFileAccessError.
+    std::set<std::string> unreadable;
+
+    /// Throws what a write to the path would throw, but for missing folders.
+    void checkWritable(const std::string& path);
+
+    bool isFolder(const std::string& path) override;
+    std::uint64_t length(const std::string& path) override;
+    void clearAttributes(const std::string& path) override;
+    void createFolder(const std::string& path) override;
+    std::vector<std::string> list(const std::string& folder, const std::string& patterns) override;
+    void copy(const std::string& from, const std::string& to) override;
+    void remove(const std::string& path) override;
+    std::string read(const std::string& path) override;
+    void write(const std::string& path, std::string_view bytes) override;
+    void writePrivately(const std::string& path, std::string_view bytes) override;
+
+private:
+    bool knowsFolder(const std::string& path) const;
+    File& fileToWrite(const std::string& path);
+    File& existing(const std::string& path);
+
+    CallLog& log_;
+    std::map<std::string, File> files_;
+    std::set<std::string> folders_;
+    std::set<std::string> readOnlyFolders_;
+};
+
+}  // namespace quillon
