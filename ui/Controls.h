@@ -8,6 +8,13 @@
 
 namespace quillon {
 
+// Pictures for a pointer of kPointerCustom, by their number in the cursor store.
+// The hand is kept apart from the store, in the control `hand`.
+inline constexpr Integer kMouseIconHand = -1;    ///< whatever can be clicked
+inline constexpr Integer kMouseIconDrawing = 2;  ///< image panels
+inline constexpr Integer kMouseIconMasks = 4;    ///< FT panels under custom masks
+inline constexpr Integer kMouseIconRing = 5;     ///< FT panels under a ring
+
 /// A box with a caption on its upper border; without border (BorderStyle 0) the
 /// caption stays.
 class Frame : public Control {
