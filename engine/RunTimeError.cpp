@@ -26,6 +26,8 @@ std::string describe(ErrorNumber number) {
             return "Path/File access error";
         case ErrorNumber::PathNotFound:
             return "Path not found";
+        case ErrorNumber::ObjectNotSet:
+            return "Object variable not set";
         case ErrorNumber::InvalidPropertyValue:
             return "Invalid property value";
         case ErrorNumber::InvalidPicture:

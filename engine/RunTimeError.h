@@ -18,6 +18,7 @@ enum class ErrorNumber : int {
     PermissionDenied = 70,
     PathFileAccessError = 75,
     PathNotFound = 76,
+    ObjectNotSet = 91,
     InvalidPropertyValue = 380,
     InvalidPicture = 481,
     PrinterError = 482,
