@@ -12,6 +12,7 @@
 #include "engine/Grid.h"
 #include "engine/Numbers.h"
 #include "engine/PictureBox.h"
+#include "engine/RunTimeError.h"
 
 namespace quillon {
 
@@ -51,8 +52,7 @@ public:
     virtual void DrawMasks(Integer m) = 0;
 };
 
-/// Renders one plane of cells into words and levels; how DrawFT and draw3DFT share their passes.
-class SpectrumPasses;
+struct SpectrumLook;
 
 /// One channel: pixels to spectrum to reconstruction, with its views, filters
 /// and colour tables.
@@ -62,7 +62,8 @@ class SpectrumPasses;
 /// frequency lands on (127, 127), one pixel up and to the left of the middle.
 /// imgData(x, y).re is the reconstruction in grey units.
 ///
-/// Object lives as long as its panels and its label, which belong to the window.
+/// The panels and the label belong to the window and live as long as the object.
+/// An operation that needs one before it is bound throws ObjectNotSet.
 class clComplexImage {
 public:
     clComplexImage(Desktop& desktop, MaskPainter& masks);
@@ -187,12 +188,29 @@ public:
     const std::array<Long, 256>& activeTable() const noexcept { return lutActive; }
 
 private:
-    friend class SpectrumPasses;
-
+    /// The control, or ObjectNotSet thrown where none is bound yet.
+    template <class BoundControl>
+    static BoundControl& bound(BoundControl* control) {
+        if (control == nullptr)
+            throw RunTimeError(ErrorNumber::ObjectNotSet);
+        return *control;
+    }
+    /// Brings the table of the view into force; the signed views have their own.
+    void activateTable();
+    void showFilterText();
     void forwardTransform();
     void inverseTransform();
-    void DrawFT(const Grid<ComplexCell>& data, Long w, Long h, PictureBox& pb, Integer mode,
+    std::vector<PixelWord> readImagePixels();
+    bool copySpectrum(std::span<Single> data) const;
+    void cutSpectrum(std::span<Single> data) const;
+    /// Mode 1 draws a spectrum, centred, by view and scale, and rebuilds ftIndex;
+    /// mode 0 a reconstruction, stretched to the full range of greys. Errors end
+    /// in a message box.
+    void DrawFT(const Grid<ComplexCell>& data, Long w, Long h, PictureBox* pb, Integer mode,
                 bool invert);
+    void drawSurfaceIfShown();
+    /// View, scale, factors and tables of the spectrum as they stand now.
+    SpectrumLook spectrumLook(bool invert) const;
 
     Desktop& desktop_;
     MaskPainter& masks_;
@@ -227,5 +245,7 @@ private:
 
 /// The phase of a value in degrees, 0 to 360.
 Single PhaseDeg(Single re, Single im);
+/// The mean of the three bytes of a colour, rounded half to even.
+Integer GrayOfColor(Long c);
 
 }  // namespace quillon

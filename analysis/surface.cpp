@@ -1,0 +1,72 @@
+#include <algorithm>
+#include <span>
+#include <vector>
+
+#include "engine/RunTimeError.h"
+#include "engine/clComplexImage.h"
+#include "engine/spectrum_passes.h"
+
+namespace quillon {
+
+namespace {
+
+// The back row starts at (60, 90) on the panel.
+constexpr Long kLeftOfBackRow = 60;
+constexpr Long kTopOfBackRow = 90;
+
+/// Half of a whole number, ties to the even one.
+constexpr Long halved(Long number) noexcept {
+    const Long below = number >> 1;
+    return (number & 1) == 0 ? below : below + (below & 1);
+}
+
+/// Paints the relief of a picture of w by h points: each point a vertical line
+/// from its foot upward, half a pixel high per grey level, without its upper
+/// end. Each row stands half a pixel further left and down than the row behind.
+///
+/// Told back to front, later lines cover earlier ones. Feet never rise from one
+/// row to the next, so the same picture comes front to back when each line only
+/// paints above the highest row painted in its column, and each pixel is
+/// written at most once.
+void paintRelief(const SpectrumPicture& picture, Long w, Long h, std::span<PixelWord> canvas,
+                 Long canvasWidth, Long canvasHeight) {
+    std::vector<Long> highest(static_cast<std::size_t>(canvasWidth), canvasHeight);
+    for (Long r = h - 1; r >= 0; --r) {
+        const Long sy = halved(2 * kTopOfBackRow + r);
+        for (Long c = w - 1; c >= 0; --c) {
+            const Long sx = halved(2 * (kLeftOfBackRow + c) - r);
+            if (sx < 0 || sx >= canvasWidth)
+                continue;
+            const auto point = static_cast<std::size_t>(r * w + c);
+            Long& top = highest[static_cast<std::size_t>(sx)];
+            const Long end = std::max<Long>(sy - halved(picture.levels[point]), -1);
+            for (Long y = std::min(sy, top - 1); y > end; --y)
+                canvas[static_cast<std::size_t>(y * canvasWidth + sx)] =
+                    picture.words[point] & 0xFFFFFF;
+            top = std::min(top, end + 1);
+        }
+    }
+}
+
+}  // namespace
+
+void clComplexImage::draw3DFT() {
+    if (ifacSqrt == 0.0F)
+        ifacSqrt = 1.0F;
+    try {
+        SpectrumPasses passes(ftData, nfftX, nfftY, spectrumLook(bInvert[1]));
+        if (passes.measure() == 0.0F)
+            return;
+        const SpectrumPicture picture = passes.paint(ftIndex);
+        PictureBox& panel = bound(pbNEW);
+        panel.Cls();
+        paintRelief(picture, nfftX, nfftY, panel.bits(), panel.Image().width, panel.Image().height);
+        panel.Refresh();
+        panel.Tag = "3D";
+    } catch (const RunTimeError& error) {
+        desktop_.dialogs.messageBox("Error in Draw3DFT: " + error.description(), "",
+                                    MessageIcon::None, MessageButtons::Ok);
+    }
+}
+
+}  // namespace quillon

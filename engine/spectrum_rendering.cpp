@@ -1,0 +1,116 @@
+#include "engine/NumberText.h"
+#include "engine/RunTimeError.h"
+#include "engine/clComplexImage.h"
+#include "engine/spectrum_passes.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr Double kDimmer = 0.9;
+constexpr Double kBrighter = 1.11;
+constexpr Single kLeastSqrtFactor = 0.01F;
+constexpr Single kLeastLinearFactor = 0.1F;
+constexpr Single kLeastEnteredFactor = 0.05F;
+
+/// One step of a factor. It has no upper limit but the range of a Single.
+Single stepped(Single factor, Double step, Single least) {
+    const Single next = checkedSingle(factor * step);
+    return next < least ? least : next;
+}
+
+}  // namespace
+
+SpectrumLook clComplexImage::spectrumLook(bool invert) const {
+    return {.view = mView,
+            .scale = bSqrtScale ? Scale::SquareRoot : Scale::Linear,
+            .linearFactor = ifacLinear,
+            .sqrtFactor = ifacSqrt,
+            .inversion = invert ? Inversion::On : Inversion::Off,
+            .lutActive = lutActive,
+            .lutHue = lutHue,
+            .lutRe = lutRe,
+            .lutIm = lutIm};
+}
+
+void clComplexImage::DrawFT(const Grid<ComplexCell>& data, Long w, Long h, PictureBox* pb,
+                            Integer mode, bool invert) {
+    // The index is renewed even where nothing is drawn: a spectrum that shows
+    // nothing leaves all its entries at (0, 0).
+    if (mode == 1)
+        ftIndex.allocate(w, h);
+    if (ifacSqrt == 0.0F)
+        ifacSqrt = 1.0F;
+    try {
+        std::vector<PixelWord> pix;
+        if (mode == 1) {
+            SpectrumPasses passes(data, w, h, spectrumLook(invert));
+            if (passes.measure() != 0.0F)
+                pix = passes.paint(ftIndex).words;
+        } else {
+            pix = paintReconstruction(data, w, h, mView, invert ? Inversion::On : Inversion::Off);
+        }
+        if (pix.empty())
+            return;
+        PictureBox& panel = bound(pb);
+        panel.SetBitmapBits(w * h * 4, pix);
+        panel.Refresh();
+        masks_.DrawMasks(-1);
+        if (mode == 0)
+            bound(pbNEW).Tag = "!";
+    } catch (const RunTimeError& error) {
+        desktop_.dialogs.messageBox("Error in DrawFT: " + error.description(), "",
+                                    MessageIcon::None, MessageButtons::Ok);
+    }
+}
+
+void clComplexImage::RedrawFT(Integer mode, Single ifac) {
+    if (ifac > 0.0F)
+        ifacLinear = ifac;
+    if (mode == 1)
+        DrawFT(ftData, nfftX, nfftY, pbFFT, 1, bInvert[1]);
+    else if (mode == 0)
+        DrawFT(imgData, nfftX, nfftY, pbNEW, 0, bInvert[2]);
+}
+
+void clComplexImage::SetFTView(Integer m, Integer s) {
+    mView = m;
+    activateTable();
+    if (s != 0)
+        return;
+    RedrawFT(1, 0);
+    drawSurfaceIfShown();
+}
+
+void clComplexImage::SetScale(Integer m) {
+    bSqrtScale = m == 1;
+    RedrawFT(1, -1.0F);
+}
+
+void clComplexImage::ChangeBrightness(Integer m) {
+    const Double step = m < 1 ? kDimmer : kBrighter;
+    if (bSqrtScale)
+        ifacSqrt = stepped(ifacSqrt, step, kLeastSqrtFactor);
+    else
+        ifacLinear = stepped(ifacLinear, step, kLeastLinearFactor);
+    RedrawFT(1, ifacLinear);
+}
+
+std::string clComplexImage::getIntFac() {
+    intFacText = bSqrtScale ? sqrtFactorText(ifacSqrt) : linearFactorText(ifacLinear);
+    return intFacText;
+}
+
+void clComplexImage::setIntFac(Single v) {
+    const Single factor = v < kLeastEnteredFactor ? kLeastEnteredFactor : v;
+    (bSqrtScale ? ifacSqrt : ifacLinear) = factor;
+    RedrawFT(1, ifacLinear);
+    drawSurfaceIfShown();
+}
+
+void clComplexImage::drawSurfaceIfShown() {
+    if (bound(pbNEW).Tag == "3D")
+        draw3DFT();
+}
+
+}  // namespace quillon
