@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,18 @@ constexpr Number MaxOf(Number a, Number b) noexcept {
 /// The angle of (x, y) in radians, from 0 up to 2 pi; 0 for (0, 0).
 Double Atan2Rad(Double y, Double x);
 
+// Vectors of three Singles.
+
+/// Brings a vector to the length s, to length 1 for s = 0; a negative s turns it
+/// round. A zero vector stays zero.
+void NormalizeVector(std::span<Single, 3> v, Single s);
+/// The angle between two vectors in radians, 0 to pi, without a sign. Normalises
+/// both of them in place; a zero vector stays zero and is at a right angle to
+/// every other.
+Single AngleBetween(std::span<Single, 3> a, std::span<Single, 3> b);
+/// The angle of a cosine in radians; a cosine beyond 1 counts as 1.
+Double ArcCos(Double x) noexcept;
+
 // Paths and strings. Paths have backslashes.
 
 /// The path with a closing backslash. An empty path gets one too.
@@ -44,19 +57,23 @@ std::string AddBackslash(const std::string& path);
 std::string FileNamePart(const std::string& path);
 /// The text up to and including the last backslash; all of a string that has none.
 std::string FolderPart(const std::string& path);
-/// True for a file of one byte or more; makes it writable on the way. Any failure gives false.
+/// True for a file of one byte or more; makes it writable on the way. Any
+/// failure gives false, and so do an empty file and an empty path.
 bool FileExists(Files& files, const std::string& path);
 /// True for a folder. Any failure gives false.
 bool FolderExists(Files& files, const std::string& path);
 /// Starts the user's browser; failures are ignored.
 void OpenInBrowser(Shell& shell, const std::string& address);
-/// The words of a text between runs of blanks. A text without words gives one empty word.
+/// The words of a text between runs of blanks (the character 32 only). A text
+/// without words gives one empty word.
 std::vector<std::string> SplitWords(const std::string& text);
 /// Raises the counter by 1, grows the array when the counter passes its upper
-/// bound, and stores the word there.
-void AppendWord(Integer& counter, std::vector<std::string>& words, const std::string& word);
-/// The whole file, byte for byte; empty where there is no such file. An empty
-/// file throws RunTimeError SubscriptOutOfRange.
+/// bound, and stores the word there. The counter is the index of the last word,
+/// -1 before the first. It is a Long because a line of garbage may have more
+/// words than an Integer counts, and is still no error.
+void AppendWord(Long& counter, std::vector<std::string>& words, const std::string& word);
+/// The whole file, byte for byte; an empty string where there is no such file.
+/// An empty file throws RunTimeError SubscriptOutOfRange.
 std::string ReadWholeFile(Files& files, const std::string& path);
 
 }  // namespace quillon

@@ -1,0 +1,52 @@
+#include <string>
+
+#include "engine/Desktop.h"
+#include "engine/RunTimeError.h"
+#include "engine/mFFTUTIL.h"
+
+namespace quillon {
+
+bool FileExists(Files& files, const std::string& path) {
+    if (path.empty())
+        return false;
+    try {
+        files.clearAttributes(path);
+        return files.length(path) >= 1;
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+bool FolderExists(Files& files, const std::string& path) {
+    try {
+        return files.isFolder(path);
+    } catch (const RunTimeError&) {
+        return false;
+    }
+}
+
+void OpenInBrowser(Shell& shell, const std::string& address) {
+    try {
+        shell.openAddress(address);
+    } catch (const RunTimeError&) {
+        // A lab without a browser goes on without the page.
+    }
+}
+
+std::string ReadWholeFile(Files& files, const std::string& path) {
+    std::uint64_t length = 0;
+    try {
+        length = files.length(path);
+    } catch (const RunTimeError& error) {
+        if (error.number() != ErrorNumber::FileNotFound)
+            throw;
+        return {};
+    }
+    // The bytes go into an array of the file's length, and there is no array of
+    // no elements.
+    if (length == 0)
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    return files.read(path);
+}
+
+}  // namespace quillon
