@@ -138,27 +138,43 @@ public:
     bool isUnloaded() const noexcept { return unloaded_; }
     void ReadRegistry();
     void SaveRegistry();
+    /// Runs a script. What fails in it is told by its own dialogs.
+    void ReadScript(const std::string& path);
+    /// Writes what the window shows as a script with a title.
+    void WriteScript(const std::string& path, const std::string& title);
     bool firstRun = false;
     std::string helpFile;
     Integer panelW = 0;
     Integer panelH = 0;
 
     // --- Layout, colours, status (Form1_layout.cpp, Form1_colors.cpp)
+    /// Puts the strip on the lower edge and centres the block of panels. A size
+    /// that would be negative leaves its control as it was; nothing is reported.
     void Form_Resize();
     void ShowStatus(Integer i, const std::string& s) { lab.ShowStatus(i, s); }
     void ShowPointer(Integer X, Integer Y, const std::string& s);
+    /// Takes the five colours of a scheme, the last three only where they are not
+    /// 0, and paints the window's parts with the first two.
     void ApplyGuiColors(ColorValue c0, ColorValue c1, ColorValue c2, ColorValue c3, ColorValue c4);
+    /// Both rings, or that of channel 1 (c = 0) or 2 (any other c), and with each
+    /// its channel's radius. R in panel pixels; the diameter becomes odd, so R is
+    /// rounded up to the next half.
     void SetFilterRings(Single R);
     void SetFilterRing(Integer c, Single R);
     void ClearChannelTags(Integer p) { lab.ClearChannelTags(p); }
     Integer guiColorIndex = 0;
 
     // --- Colour scheme selector (Form1_lut.cpp)
+    /// Takes a row of the selector (0 to 6) into both channels without a redraw;
+    /// any other row leaves them as they are. Row 0 is the exact grey ramp.
     void SelectLutRow(Integer row);
+    /// Sixteen samples of a table of 256 colours at the left edge.
     void DrawLutButton(PictureBox& pb, std::span<const Long> c);
 
     // --- Intensity controls (Form1_intensity.cpp)
+    /// Both channels' factors in the captions of the FT frames, while a control is held.
     void ShowIntensityFactor();
+    /// One step of what Timer1.Tag names.
     void Timer1_Timer();
 
     // --- Events. X and Y are pixels in panels of pixel scale, else twips.
@@ -220,6 +236,10 @@ public:
 
 private:
     void WriteDefaultSettings();
+    void paintScheme();
+    void askIntensityFactor(Channel which);
+    enum class LutRedraw { No, Yes };
+    void takeLutRow(Integer row, LutRedraw redraw);
 
     // Handlers of one kind of control each; Form1_events.cpp tells which event goes where.
     void imagePanelMouseDown(Channel which, Integer Button, Integer Shift, Single X, Single Y);
