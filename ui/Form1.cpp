@@ -4,6 +4,7 @@
 #include <array>
 
 #include "engine/RunTimeError.h"
+#include "engine/lut_selector.h"
 
 namespace quillon {
 
@@ -13,12 +14,12 @@ std::string indexedName(std::string_view name, int index) {
     return index < 0 ? std::string(name) : std::string(name) + "(" + std::to_string(index) + ")";
 }
 
-/// Panels, the histogram box and the strip have a border of one pixel as built;
-/// buttons and work surfaces have none.
+/// The six panels and the button of the colour schemes have a border of one
+/// pixel; the histogram box has none, so that its 256 columns fit.
 Integer borderOf(std::string_view name) {
     const bool panel =
         name.size() == 3 && name.starts_with("pb") && name[2] >= '1' && name[2] <= '6';
-    return panel ? 1 : 0;
+    return panel || name == "btLUT" ? 1 : 0;
 }
 
 std::unique_ptr<Control> makeControl(const ControlRow& row) {
@@ -163,6 +164,12 @@ Form1::Form1(Desktop& desktop_, const Folders& folders)
     File1.Pattern = "*.bmp;*.gif;*.jpg";
     pbh.FontName = Font::ArialNarrow;
     Label2(0).FontBold = true;
+    lbTAB(0).FontBold = true;
+    lbTAB(0).FontSize = 9;
+    lbTAB(1).FontSize = 8;
+    lbTAB(2).FontSize = 8;
+    pbLUT.setPicture(lutSelectorPicture());
+    btLUT.setAutoRedraw(true);
 }
 
 Form1::~Form1() = default;
