@@ -8,6 +8,14 @@
 
 namespace quillon {
 
+/// A rectangle of whole pixels: left and top inclusive, by width and height.
+struct PixelArea {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+};
+
 /// A picture: rows from the top, words 0x00RRGGBB, no padding between rows. A
 /// picture of no size is the empty picture.
 struct Bitmap {

@@ -17,12 +17,14 @@ void Control::Refresh() {
 }
 
 void Control::Move(Single left, Single top, Single width, Single height) {
-    if (width < 0 || height < 0)
+    if (!(width >= 0 && height >= 0))
         throw RunTimeError(ErrorNumber::InvalidPropertyValue);
-    Left = left;
-    Top = top;
-    Width = width;
-    Height = height;
+    bool moved = Left.take(left);
+    moved |= Top.take(top);
+    moved |= Width.take(width);
+    moved |= Height.take(height);
+    if (moved)
+        changed();
 }
 
 void Control::changed() {

@@ -36,6 +36,15 @@ public:
     const Value& get() const noexcept { return value_; }
 
 private:
+    friend class Control;
+    /// Takes the value without a word to the owner; tells whether it is another.
+    bool take(Value value) {
+        if (value_ == value)
+            return false;
+        value_ = std::move(value);
+        return true;
+    }
+
     Control& owner_;
     Value value_;
 };
@@ -90,8 +99,8 @@ public:
     /// Shows the control as it now stands.
     virtual void Refresh();
 
-    /// Left, Top, Width and Height in one step. A width or height below 0
-    /// throws RunTimeError InvalidPropertyValue and changes nothing.
+    /// Left, Top, Width and Height in one step: the control is stale once. A width or height below
+    /// 0 throws RunTimeError InvalidPropertyValue and changes nothing.
     void Move(Single left, Single top, Single width, Single height);
 
     void watch(ControlWatcher* watcher) noexcept { watcher_ = watcher; }
@@ -100,18 +109,16 @@ public:
     virtual void changed();
 
 protected:
-    ControlWatcher* watcher_ = nullptr;
+    ColorValue backColor_ = kWhite;
 
 private:
-    ColorValue backColor_ = kWhite;
+    ControlWatcher* watcher_ = nullptr;
 };
 
 template <class Value>
 Property<Value>& Property<Value>::operator=(Value value) {
-    if (!(value_ == value)) {
-        value_ = std::move(value);
+    if (take(std::move(value)))
         owner_.changed();
-    }
     return *this;
 }
 
