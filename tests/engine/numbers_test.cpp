@@ -5,18 +5,10 @@
 #include <limits>
 
 #include "engine/RunTimeError.h"
+#include "tests/support/error_of.h"
 
 namespace quillon {
 namespace {
-
-ErrorNumber errorOf(void (*action)()) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.number();
-    }
-    return ErrorNumber{};
-}
 
 TEST(Numbers, TiesRoundToTheEvenNeighbour) {
     EXPECT_EQ(toInteger(0.5), 0);

@@ -6,6 +6,7 @@
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
 #include "tests/support/RecordingDesktop.h"
+#include "tests/support/error_of.h"
 
 namespace quillon {
 namespace {
@@ -185,12 +186,8 @@ TEST(AppendWord, ARoomyArrayKeepsItsSize) {
 TEST(AppendWord, ACounterThatEndsBelowZeroIsASubscriptError) {
     Long counter = -2;
     Words words(1);
-    try {
-        AppendWord(counter, words, "word");
-        FAIL() << "no error";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.number(), ErrorNumber::SubscriptOutOfRange);
-    }
+    EXPECT_EQ(errorOf([&] { AppendWord(counter, words, "word"); }),
+              ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(words, Words{""});
 }
 
@@ -209,12 +206,8 @@ TEST(ReadWholeFile, AMissingFileGivesAnEmptyString) {
 TEST(ReadWholeFile, AnEmptyFileRaisesASubscriptError) {
     RecordingDesktop desktop;
     desktop.files.addFile("C:\\empty", "");
-    try {
-        ReadWholeFile(desktop.files, "C:\\empty");
-        FAIL() << "no error";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.number(), ErrorNumber::SubscriptOutOfRange);
-    }
+    EXPECT_EQ(errorOf([&] { ReadWholeFile(desktop.files, "C:\\empty"); }),
+              ErrorNumber::SubscriptOutOfRange);
 }
 
 TEST(ReadWholeFile, AFileThatCannotBeReadIsAnError) {
