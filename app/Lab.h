@@ -19,6 +19,17 @@ constexpr Channel channelOfPanel(Integer panel) noexcept {
     return panel < 4 ? Channel::One : Channel::Two;
 }
 
+/// A channel's panel ids.
+constexpr Integer imagePanelId(Channel which) noexcept {
+    return which == Channel::One ? 1 : 4;
+}
+constexpr Integer spectrumPanelId(Channel which) noexcept {
+    return which == Channel::One ? 2 : 5;
+}
+constexpr Integer reconstructionPanelId(Channel which) noexcept {
+    return which == Channel::One ? 3 : 6;
+}
+
 /// What the image input and output, the scripts and the window's routines work
 /// on together: the channels, the panels, the two work surfaces, the common
 /// dialog and the few values that the whole program shares. The window owns all
