@@ -193,12 +193,12 @@ public:
 
     // --- Menus (Form1_menus.cpp): click handlers by Index.
     void click(MenuArray array, Integer Index);
-    void mnuImg1a(Integer Index);
-    void mnuImg2a(Integer Index);
-    void mnuFT1a(Integer Index);
-    void mnuFT2a(Integer Index);
-    void mnuNew1a(Integer Index);
-    void mnuNew2a(Integer Index);
+    void mnuImg1a(Integer Index) { imageMenu(Channel::One, Index); }
+    void mnuImg2a(Integer Index) { imageMenu(Channel::Two, Index); }
+    void mnuFT1a(Integer Index) { spectrumMenu(Channel::One, Index); }
+    void mnuFT2a(Integer Index) { spectrumMenu(Channel::Two, Index); }
+    void mnuNew1a(Integer Index) { reconstructionMenu(Channel::One, Index); }
+    void mnuNew2a(Integer Index) { reconstructionMenu(Channel::Two, Index); }
     void mnuImg1b(Integer Index);
     void mnuImg2b(Integer Index);
     void itmFile(Integer Index);
@@ -228,6 +228,28 @@ public:
     void PasteImage(Integer panel);
     void InvertPanel(Integer panel, bool on);
     void PrintPanel(Integer panel);
+
+    // --- Commands of the menus, by subject
+    void SwapPhasesCommand();
+    void RandomizePhasesCommand();
+    void RandomizeMagnitudesCommand();
+    void DiscardPhasesCommand();
+    void DiscardMagnitudesCommand();
+    /// Combine the two stored spectra into the channel of the image panel p, 1 or 4.
+    void ConvolveSpectra(Integer p);
+    void DeconvolveSpectra(Integer p);
+    void getHistogram(PictureBox& pb);
+    void LoadScriptCommand(const std::string& file);
+    void SaveScriptCommand(const std::string& file);
+    void EditScriptCommand();
+    /// No filter, no inverted panel, magnitude view, recalculate.
+    void ResetForScript();
+    void BatchCommand();
+    void GridPatternCommand(Integer p);
+    void ShowHelp(Integer id);
+    /// Rolls a panel's picture with wrap-around from the copy in `mem`, by dx and
+    /// dy pixels, and shows it. Both lie within one panel size.
+    void ShiftPanel(Single dx, Single dy, PictureBox& pb);
 
     /// The image panel moved by the keyboard whose transform waits for a key's release.
     Integer pendingShiftPanel = 0;
@@ -261,11 +283,35 @@ private:
     void histogramMouseMove(Single X, Single Y);
     void tabClick(Integer Index);
     void LightOff();
+    void CopyData(Channel which);
+    void ShowProfile(Integer panel, Single x, Single y);
+
+    // Click handlers of the panel menus, one for both channels.
+    void imageMenu(Channel which, Integer Index);
+    void spectrumMenu(Channel which, Integer Index);
+    void reconstructionMenu(Channel which, Integer Index);
+    void chooseFilter(Channel which, Integer Index);
+    void chooseView(Integer Index);
+    void repaintLowPassMasks();
+    /// Moves the histogram box onto the frame of the panel that was asked.
+    void placeHistogram(Integer panel);
+    /// Shows a panel's menu at the pointer; the release of the press is eaten.
+    void popupPanelMenu(std::string_view title);
+    /// "[x,y]  M=grey" of what a panel shows, in the pointer cell.
+    void showGrey(const PictureBox& panel, Single X, Single Y);
+    void rollByKey(Channel which, Integer KeyCode);
+    void showProfileLines(bool visible);
+    void followRing(Channel which, Single X, Single Y);
+    void stretchBand(Channel which, Single X, Single Y);
+    void addMaskPair(Channel which, Single X, Single Y);
 
     FormHost* host_ = nullptr;
     Single scaleWidth_ = kDesignWidth;
     Single scaleHeight_ = kDesignHeight;
     bool unloaded_ = false;
+    /// The next release belongs to a press that opened a menu or to the second
+    /// press of a double click, and reaches no handler.
+    bool releaseEaten_ = false;
 };
 
 }  // namespace quillon

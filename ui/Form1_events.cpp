@@ -1,4 +1,5 @@
 #include <optional>
+#include <utility>
 
 #include "ui/Form1.h"
 
@@ -27,6 +28,7 @@ std::optional<PanelPlace> placeOf(const Form1& form, const Control& control) {
 }  // namespace
 
 void Form1::MouseDown(Control& where, Integer Button, Integer Shift, Single X, Single Y) {
+    releaseEaten_ = false;
     if (const auto place = placeOf(*this, where)) {
         if (place->column == 1)
             imagePanelMouseDown(place->channel, Button, Shift, X, Y);
@@ -58,6 +60,8 @@ void Form1::MouseMove(Control& where, Integer Button, Integer Shift, Single X, S
 }
 
 void Form1::MouseUp(Control& where, Integer Button, Integer Shift, Single X, Single Y) {
+    if (std::exchange(releaseEaten_, false))
+        return;
     if (const auto place = placeOf(*this, where)) {
         if (place->column == 1)
             imagePanelMouseUp(place->channel, Button, Shift, X, Y);
@@ -79,6 +83,13 @@ void Form1::MouseUp(Control& where, Integer Button, Integer Shift, Single X, Sin
         pbh.Visible = false;
 }
 
+void Form1::popupPanelMenu(std::string_view title) {
+    // Set before the menu opens: it stays open until the choice has been made.
+    releaseEaten_ = true;
+    if (host_)
+        host_->popupMenu(title);
+}
+
 void Form1::Click(Control& where) {
     if (&where == &btLUT)
         frLUT.Visible = !frLUT.Visible;
@@ -93,6 +104,7 @@ void Form1::Click(Control& where) {
 }
 
 void Form1::DblClick(Control& where) {
+    releaseEaten_ = true;
     const auto place = placeOf(*this, where);
     if (!place || place->column == 1)
         return;

@@ -1,0 +1,107 @@
+#include "ui/Form1.h"
+
+// The keyboard. The window sees every key before any control does.
+
+namespace quillon {
+
+namespace {
+
+constexpr Integer kKeyAlt = 18;
+constexpr Integer kKeyEscape = 27;
+constexpr Integer kKeyLeft = 37;
+constexpr Integer kKeyUp = 38;
+constexpr Integer kKeyRight = 39;
+constexpr Integer kKeyDown = 40;
+
+constexpr Integer kAsciiEnter = 13;
+constexpr Integer kAsciiSpace = 32;
+constexpr Integer kAsciiUpperL = 76;
+constexpr Integer kAsciiLowerL = 108;
+constexpr Integer kAsciiLowerR = 114;
+
+constexpr Integer kRecalculateAll = 3;
+
+struct PixelStep {
+    Single dx;
+    Single dy;
+};
+
+PixelStep stepOf(Integer KeyCode) {
+    switch (KeyCode) {
+        case kKeyLeft:
+            return {-1, 0};
+        case kKeyUp:
+            return {0, -1};
+        case kKeyRight:
+            return {1, 0};
+        default:
+            return {0, 1};
+    }
+}
+
+}  // namespace
+
+void Form1::KeyDown(Integer KeyCode, Integer Shift) {
+    if (KeyCode == kKeyEscape) {
+        bStopBatch = true;
+        desktop.screen.pendingEvents();
+    }
+    if (KeyCode >= kKeyLeft && KeyCode <= kKeyDown) {
+        if (Shift == kShiftKey)
+            rollByKey(Channel::One, KeyCode);
+        else if (Shift == kCtrlKey)
+            rollByKey(Channel::Two, KeyCode);
+    }
+    if (KeyCode == kKeyAlt && Shift == kAltKey)
+        showProfileLines(true);
+}
+
+void Form1::rollByKey(Channel which, Integer KeyCode) {
+    PictureBox& panel = lab.imagePanel(which);
+    mem.setPicture(panel.Image());
+    const PixelStep step = stepOf(KeyCode);
+    ShiftPanel(step.dx, step.dy, panel);
+    // The transform waits for the release, so that a held key rolls on quickly.
+    pendingShiftPanel = imagePanelId(which);
+}
+
+void Form1::KeyUp(Integer KeyCode, Integer /*Shift*/) {
+    // Any key's release ends the roll: the arrow or the modifier, whichever comes first.
+    if (pendingShiftPanel == 1 || pendingShiftPanel == 4) {
+        const Channel which = channelOfPanel(pendingShiftPanel);
+        pendingShiftPanel = 0;
+        PictureBox& panel = lab.imagePanel(which);
+        // Committed, because the release of Alt falls back to the panel's picture.
+        panel.setPicture(panel.Image());
+        if (lab.autoCalculate)
+            lab.channel(which).runFOURN(1, 0);
+    }
+    if (KeyCode != kKeyAlt)
+        return;
+    // The line profile and its magnified patch are taken off the panels.
+    showProfileLines(false);
+    desktop.screen.pendingEvents();
+    pb1.Cls();
+    pb4.Cls();
+    pb1.Refresh();
+    pb4.Refresh();
+    lab.channel1.RedrawFT(0, 0);
+    lab.channel2.RedrawFT(0, 0);
+}
+
+void Form1::KeyPress(Integer KeyAscii) {
+    // In the Tutorial view an L is a letter to be typed.
+    if ((KeyAscii == kAsciiUpperL || KeyAscii == kAsciiLowerL) && lab.viewTab < 2)
+        LightOff();
+    if (KeyAscii == kAsciiEnter || KeyAscii == kAsciiSpace)
+        itmOpt(kRecalculateAll);
+    else if (KeyAscii == kAsciiLowerR)
+        ResetForScript();
+}
+
+void Form1::showProfileLines(bool visible) {
+    Line1(0).Visible = visible;
+    Line1(1).Visible = visible;
+}
+
+}  // namespace quillon
