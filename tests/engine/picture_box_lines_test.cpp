@@ -10,54 +10,41 @@
 #include <utility>
 #include <vector>
 
-#include "engine/PictureBox.h"
 #include "engine/RunTimeError.h"
-#include "tests/support/TextPicture.h"
+#include "tests/support/TestPanel.h"
 
 namespace quillon {
 namespace {
 
-using Rows = std::vector<std::string>;
-
-/// A black panel that keeps what is drawn, with white ink.
-struct Panel : PictureBox {
-    Panel(int width, int height) : PictureBox("pb1", width, height) {
-        setAutoRedraw(true);
-        setBackColor(kBlack);
-        ForeColor = kWhite;
-    }
-    Rows text() const { return textOf(Image()); }
-};
-
 TEST(PictureBoxLines, ALineLeavesOutItsEndPoint) {
-    Panel panel(6, 4);
+    TestPanel panel(6, 4);
     panel.Line(1, 1, 4, 1);
     panel.Line(5, 3, 5, 1, kRed);
     EXPECT_EQ(panel.text(), (Rows{"......", ".###..", ".....R", ".....R"}));
 }
 
 TEST(PictureBoxLines, ALineOfNoLengthDrawsNothingWithAOnePixelPen) {
-    Panel panel(3, 3);
+    TestPanel panel(3, 3);
     panel.Line(1, 1, 1, 1);
     EXPECT_EQ(panel.text(), (Rows{"...", "...", "..."}));
 }
 
 TEST(PictureBoxLines, ALineOfNoLengthLeavesADotOfAWiderPen) {
-    Panel panel(4, 4);
+    TestPanel panel(4, 4);
     panel.DrawWidth = 2;
     panel.Line(2, 2, 2, 2);
     EXPECT_EQ(panel.text(), (Rows{"....", ".##.", ".##.", "...."}));
 }
 
 TEST(PictureBoxLines, TheTwoByTwoBlockHasThePointAsItsLowerRightPixel) {
-    Panel panel(5, 4);
+    TestPanel panel(5, 4);
     panel.DrawWidth = 2;
     panel.PSet(3, 2, kGreen);
     EXPECT_EQ(panel.text(), (Rows{".....", "..GG.", "..GG.", "....."}));
 }
 
 TEST(PictureBoxLines, AWidePenRunsAlongTheLineAndStopsBeforeItsEnd) {
-    Panel panel(6, 5);
+    TestPanel panel(6, 5);
     panel.DrawWidth = 2;
     panel.Line(1, 1, 4, 1);
     EXPECT_EQ(panel.text(), (Rows{"####..", "####..", "......", "......", "......"}));
@@ -67,21 +54,21 @@ TEST(PictureBoxLines, AWidePenRunsAlongTheLineAndStopsBeforeItsEnd) {
 }
 
 TEST(PictureBoxLines, APenOfThreePixelsHasThePointInItsMiddle) {
-    Panel panel(5, 5);
+    TestPanel panel(5, 5);
     panel.DrawWidth = 3;
     panel.PSet(2, 2);
     EXPECT_EQ(panel.text(), (Rows{".....", ".###.", ".###.", ".###.", "....."}));
 }
 
 TEST(PictureBoxLines, APenBelowOnePixelIsOnePixelWide) {
-    Panel panel(3, 1);
+    TestPanel panel(3, 1);
     panel.DrawWidth = 0;
     panel.PSet(1, 0);
     EXPECT_EQ(panel.text(), (Rows{".#."}));
 }
 
 TEST(PictureBoxLines, CoordinatesAreRoundedHalfToEven) {
-    Panel panel(5, 1);
+    TestPanel panel(5, 1);
     panel.PSet(0.5F, 0);
     panel.PSet(2.5F, 0.5F);
     panel.PSet(3.5F, -0.5F);
@@ -89,13 +76,13 @@ TEST(PictureBoxLines, CoordinatesAreRoundedHalfToEven) {
 }
 
 TEST(PictureBoxLines, ACoordinateThatNoLongHoldsIsAnOverflow) {
-    Panel panel(5, 1);
+    TestPanel panel(5, 1);
     EXPECT_THROW(panel.Line(0, 0, 3e9F, 0), RunTimeError);
     EXPECT_THROW(panel.PSet(0, std::nanf("")), RunTimeError);
 }
 
 TEST(PictureBoxLines, ALineTakesTheUpperOrLeftOfTwoEquallyNearPixels) {
-    Panel panel(4, 4);
+    TestPanel panel(4, 4);
     panel.Line(0, 0, 2, 1);
     EXPECT_EQ(panel.text(), (Rows{"##..", "....", "....", "...."}));
     panel.Cls();
@@ -127,7 +114,7 @@ Bitmap slowLine(int width, int height, PanelPoint from, PanelPoint to) {
     return picture;
 }
 
-void drawLine(Panel& panel, PanelPoint from, PanelPoint to) {
+void drawLine(TestPanel& panel, PanelPoint from, PanelPoint to) {
     panel.Polyline(std::vector<PanelPoint>{from, to});
 }
 
@@ -137,7 +124,7 @@ TEST(PictureBoxLines, EveryLineIsTheSlowLineCutToThePanel) {
     std::mt19937 random(kSeed);
     std::uniform_int_distribution<Long> coordinate(-30, 50);
     for (int round = 0; round < 3000; ++round) {
-        Panel panel(17, 23);
+        TestPanel panel(17, 23);
         const PanelPoint from{coordinate(random), coordinate(random)};
         const PanelPoint to{coordinate(random), coordinate(random)};
         drawLine(panel, from, to);
@@ -154,8 +141,8 @@ TEST(PictureBoxLines, ALineCoversTheSamePixelsBothWaysButForItsEnds) {
     for (int round = 0; round < 1000; ++round) {
         const PanelPoint from{coordinate(random), coordinate(random)};
         const PanelPoint to{coordinate(random), coordinate(random)};
-        Panel forth(23, 23);
-        Panel back(23, 23);
+        TestPanel forth(23, 23);
+        TestPanel back(23, 23);
         drawLine(forth, from, to);
         drawLine(back, to, from);
         forth.SetPixelV(to.x, to.y, kWhite);
@@ -204,7 +191,7 @@ TEST(PictureBoxLines, ALineFromFarOutsideCrossesThePanelWhereItShould) {
         const PanelPoint from{far(random), far(random)};
         // The line goes through the panel's neighbourhood and as far beyond.
         const PanelPoint to{2 * inside.x - from.x, 2 * inside.y - from.y};
-        Panel panel(13, 13);
+        TestPanel panel(13, 13);
         drawLine(panel, from, to);
         ASSERT_EQ(panel.text(), textOf(slowFarLine(13, from, to)))
             << from.x << ' ' << from.y << ' ' << to.x << ' ' << to.y;
@@ -213,7 +200,7 @@ TEST(PictureBoxLines, ALineFromFarOutsideCrossesThePanelWhereItShould) {
 
 TEST(PictureBoxLines, TheFarthestPointsOfAllNeitherOverflowNorTakeLong) {
     constexpr Long kFar = 2'147'483'647;
-    Panel panel(5, 5);
+    TestPanel panel(5, 5);
     drawLine(panel, {-kFar - 1, 2}, {kFar, 2});
     drawLine(panel, {2, kFar}, {2, -kFar - 1});
     EXPECT_EQ(panel.text(), (Rows{"..#..", "..#..", "#####", "..#..", "..#.."}));
@@ -256,7 +243,7 @@ TEST(PictureBoxLines, AWideXorLineTouchesEachPixelOfItsBlocksOnce) {
         const PanelPoint to{coordinate(random), coordinate(random)};
         if (from == to)
             continue;
-        Panel panel(15, 19);
+        TestPanel panel(15, 19);
         panel.DrawMode = kPenXor;
         panel.DrawWidth = static_cast<Integer>(1 + round % 5);
         drawLine(panel, from, to);
@@ -266,26 +253,26 @@ TEST(PictureBoxLines, AWideXorLineTouchesEachPixelOfItsBlocksOnce) {
 }
 
 TEST(PictureBoxLines, AFilledBoxHoldsItsCornersInAnyOrder) {
-    Panel panel(5, 4);
+    TestPanel panel(5, 4);
     panel.Box(3, 2, 1, 1, kBlue, BoxStyle::Filled);
     EXPECT_EQ(panel.text(), (Rows{".....", ".BBB.", ".BBB.", "....."}));
 }
 
 TEST(PictureBoxLines, AFilledBoxDoesNotGrowWithThePen) {
-    Panel panel(5, 4);
+    TestPanel panel(5, 4);
     panel.DrawWidth = 2;
     panel.Box(2, 2, 3, 2, kBlue, BoxStyle::Filled);
     EXPECT_EQ(panel.text(), (Rows{".....", ".....", "..BB.", "....."}));
 }
 
 TEST(PictureBoxLines, AnOutlineHoldsItsCornersAndLeavesItsInsideAlone) {
-    Panel panel(6, 5);
+    TestPanel panel(6, 5);
     panel.Box(4, 3, 1, 0, kRed, BoxStyle::Outline);
     EXPECT_EQ(panel.text(), (Rows{".RRRR.", ".R..R.", ".R..R.", ".RRRR.", "......"}));
 }
 
 TEST(PictureBoxLines, AnOutlineOfNoSizeIsOneDot) {
-    Panel panel(3, 3);
+    TestPanel panel(3, 3);
     panel.Box(1, 1, 1, 1, kRed, BoxStyle::Outline);
     EXPECT_EQ(panel.text(), (Rows{"...", ".R.", "..."}));
     panel.Cls();
@@ -294,7 +281,7 @@ TEST(PictureBoxLines, AnOutlineOfNoSizeIsOneDot) {
 }
 
 TEST(PictureBoxLines, AnOutlineIsAsWideAsThePen) {
-    Panel panel(8, 7);
+    TestPanel panel(8, 7);
     panel.DrawWidth = 2;
     panel.Box(1, 1, 6, 5, kRed, BoxStyle::Outline);
     EXPECT_EQ(panel.text(), (Rows{"RRRRRRR.", "RRRRRRR.", "RR...RR.", "RR...RR.", "RRRRRRR.",
@@ -302,7 +289,7 @@ TEST(PictureBoxLines, AnOutlineIsAsWideAsThePen) {
 }
 
 TEST(PictureBoxLines, AnXorBoxTouchesEachPixelOnce) {
-    Panel panel(6, 5);
+    TestPanel panel(6, 5);
     panel.DrawMode = kPenXor;
     panel.DrawWidth = 2;
     panel.Box(1, 1, 4, 4, kWhite, BoxStyle::Outline);
@@ -310,7 +297,7 @@ TEST(PictureBoxLines, AnXorBoxTouchesEachPixelOnce) {
 }
 
 TEST(PictureBoxLines, CrossedXorBoxesTurnTheCrossingBack) {
-    Panel panel(5, 5);
+    TestPanel panel(5, 5);
     panel.DrawMode = kPenXor;
     panel.Box(1, 0, 2, 5, kWhite, BoxStyle::Filled);
     panel.Box(0, 1, 5, 2, kWhite, BoxStyle::Filled);
@@ -318,8 +305,7 @@ TEST(PictureBoxLines, CrossedXorBoxesTurnTheCrossingBack) {
 }
 
 TEST(PictureBoxLines, TheXorPenCombinesTheColourWithEachPixel) {
-    Panel panel(3, 1);
-    panel.setPicture(pictureOf({".R#"}));
+    TestPanel panel(Rows{".R#"});
     panel.DrawMode = kPenXor;
     panel.Box(0, 0, 2, 0, RGB(255, 255, 0), BoxStyle::Filled);
     EXPECT_EQ(panel.text(), (Rows{"YGB"}));
@@ -327,7 +313,7 @@ TEST(PictureBoxLines, TheXorPenCombinesTheColourWithEachPixel) {
 
 TEST(PictureBoxLines, XorTwiceGivesBackThePictureAndKeepsTheTopByteZero) {
     const Bitmap picture = randomPicture(20, 16, 15);
-    Panel panel(20, 16);
+    TestPanel panel(20, 16);
     panel.setPicture(picture);
     panel.DrawMode = kPenXor;
     panel.DrawWidth = 2;
@@ -351,7 +337,7 @@ TEST(PictureBoxLines, EverythingClipsOnAllFourSides) {
         {{2, 5}, {".....", ".....", ".....", ".....", ".###."}},
     };
     for (const auto& [middle, expected] : cases) {
-        Panel panel(5, 5);
+        TestPanel panel(5, 5);
         const auto x = static_cast<Single>(middle.x);
         const auto y = static_cast<Single>(middle.y);
         panel.Box(x - 1, y - 1, x + 1, y + 1, kWhite, BoxStyle::Filled);
@@ -360,7 +346,7 @@ TEST(PictureBoxLines, EverythingClipsOnAllFourSides) {
 }
 
 TEST(PictureBoxLines, DrawingWhollyOutsideChangesNothing) {
-    Panel panel(4, 4);
+    TestPanel panel(4, 4);
     panel.DrawWidth = 2;
     const Bitmap before = panel.Image();
     panel.Line(-5, -5, -1, 20);
@@ -378,8 +364,7 @@ TEST(PictureBoxLines, DrawingWhollyOutsideChangesNothing) {
 }
 
 TEST(PictureBoxLines, APixelIsOnePixelWhateverThePen) {
-    Panel panel(3, 2);
-    panel.setPicture(pictureOf({"###", "###"}));
+    TestPanel panel(Rows{"###", "###"});
     panel.DrawWidth = 2;
     panel.DrawMode = kPenXor;
     panel.SetPixelV(1, 1, kRed);
@@ -387,7 +372,7 @@ TEST(PictureBoxLines, APixelIsOnePixelWhateverThePen) {
 }
 
 TEST(PictureBoxLines, APolylineJoinsItsPointsAndLeavesOutTheLast) {
-    Panel panel(6, 4);
+    TestPanel panel(6, 4);
     panel.Polyline(std::vector<PanelPoint>{{0, 3}, {2, 1}, {4, 3}, {5, 3}});
     EXPECT_EQ(panel.text(), (Rows{"......", "..#...", ".#.#..", "#...#."}));
     panel.Cls();
@@ -397,56 +382,11 @@ TEST(PictureBoxLines, APolylineJoinsItsPointsAndLeavesOutTheLast) {
 }
 
 TEST(PictureBoxLines, DrawingWithoutAColourUsesForeColor) {
-    Panel panel(3, 1);
+    TestPanel panel(3, 1);
     panel.ForeColor = kBlue;
     panel.Line(0, 0, 1, 0);
     panel.PSet(2, 0);
     EXPECT_EQ(panel.text(), (Rows{"B.B"}));
-}
-
-/// The pixels whose centres lie inside the ellipse, by whole numbers.
-bool insideEllipse(std::int64_t x, std::int64_t y, std::int64_t left, std::int64_t top,
-                   std::int64_t right, std::int64_t bottom) {
-    const std::int64_t width = std::abs(right - left);
-    const std::int64_t height = std::abs(bottom - top);
-    const std::int64_t across = 2 * x + 1 - left - right;
-    const std::int64_t down = 2 * y + 1 - top - bottom;
-    return across * across * height * height + down * down * width * width <
-           width * width * height * height;
-}
-
-void expectEllipse(int side, int left, int top, int right, int bottom) {
-    Panel panel(side, side);
-    panel.setBackColor(kWhite);
-    panel.FillAroundEllipse(left, top, right, bottom, kBlack);
-    int wrong = 0;
-    for (int y = 0; y < side; ++y)
-        for (int x = 0; x < side; ++x)
-            wrong += (panel.Image().at(x, y) == 0xFFFFFF) !=
-                     insideEllipse(x, y, left, top, right, bottom);
-    EXPECT_EQ(wrong, 0) << left << ' ' << top << ' ' << right << ' ' << bottom;
-}
-
-TEST(PictureBoxLines, TheSurroundOfAnEllipseLeavesThePixelsWhoseCentresLieInside) {
-    for (int radius = 0; radius <= 128; ++radius)
-        expectEllipse(256, 129 - radius, 129 - radius, 128 + radius, 128 + radius);
-    expectEllipse(40, -5, 3, 31, 20);
-    // Points of this circle lie exactly on its edge: they are not inside.
-    expectEllipse(12, 0, 0, 10, 10);
-    expectEllipse(12, 5, 0, 5, 10);
-    expectEllipse(12, -2'000, -2'000, 2'000, 6'000);
-}
-
-TEST(PictureBoxLines, TheSurroundOfASmallCircleIsSymmetric) {
-    Panel panel(8, 8);
-    panel.setBackColor(kWhite);
-    panel.DrawMode = kPenXor;
-    panel.FillAroundEllipse(1, 1, 6, 6, kRed);
-    EXPECT_EQ(panel.text(), (Rows{"RRRRRRRR", "RR###RRR", "R#####RR", "R#####RR", "R#####RR",
-                                  "RR###RRR", "RRRRRRRR", "RRRRRRRR"}));
-    panel.Cls();
-    panel.FillAroundEllipse(6, 6, 1, 1, kRed);
-    EXPECT_EQ(panel.text()[1], "RR###RRR");
 }
 
 }  // namespace
