@@ -27,10 +27,9 @@ void givePointers(Form1& form) {
     for (Integer i = 0; i <= 2; ++i)
         givePointer(form.lbTAB(i), kMouseIconHand);
     givePointer(form.lbHIS, kMouseIconHand);
-    for (Integer i = 0; i <= 1; ++i) {
-        givePointer(form.lbBR1(i), kMouseIconHand);
-        givePointer(form.lbBR2(i), kMouseIconHand);
-    }
+    for (const Channel which : {Channel::One, Channel::Two})
+        for (Integer i = 0; i <= 1; ++i)
+            givePointer(form.lbBR(which, i), kMouseIconHand);
     givePointer(form.imgDIM, kMouseIconHand);
     givePointer(form.pbLUT, kMouseIconHand);
     givePointer(form.btLUT, kMouseIconHand);
