@@ -1,0 +1,274 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "engine/RunTimeError.h"
+#include "engine/spectrum_passes.h"
+#include "tests/support/slow_renderer.h"
+#include "tests/support/spectra.h"
+
+namespace quillon {
+namespace {
+
+constexpr std::uint32_t kSeed = 20240611;
+
+const slow::Tables& tables() {
+    static const slow::Tables made = slow::makeTables();
+    return made;
+}
+
+/// One of the twenty ways to look at a spectrum. The table in force is none of
+/// the others, so that a mix-up shows.
+slow::Look lookOf(int combination) {
+    slow::Look look;
+    look.mView = static_cast<Integer>(combination % 5);
+    look.bSqrtScale = combination / 5 % 2 == 0;
+    look.invert = combination / 10 == 1;
+    look.ifacLinear = 100;
+    look.ifacSqrt = 1;
+    std::mt19937 random(99);
+    for (Long& word : look.lutActive)
+        word = static_cast<Long>(random() & 0xFFFFFF);
+    return look;
+}
+
+constexpr int kCombinations = 20;
+
+std::string nameOf(const slow::Look& look) {
+    return "view " + std::to_string(look.mView) + (look.bSqrtScale ? ", sqrt" : ", linear") +
+           (look.invert ? ", inverted" : "");
+}
+
+SpectrumLook asLook(const slow::Look& look) {
+    return {.view = look.mView,
+            .scale = look.bSqrtScale ? Scale::SquareRoot : Scale::Linear,
+            .linearFactor = look.ifacLinear,
+            .sqrtFactor = look.ifacSqrt,
+            .inversion = look.invert ? Inversion::On : Inversion::Off,
+            .lutActive = look.lutActive,
+            .lutHue = tables().hue,
+            .lutRe = tables().re,
+            .lutIm = tables().im};
+}
+
+/// The passes as DrawFT runs them, told in the slow renderer's terms.
+slow::Drawing drawFast(const Grid<ComplexCell>& data, Long w, Long h, const slow::Look& look) {
+    slow::Drawing drawing;
+    drawing.ftIndex.allocate(w, h);
+    try {
+        SpectrumPasses passes(data, w, h, asLook(look));
+        if (passes.measure() != 0) {
+            SpectrumPicture picture = passes.paint(drawing.ftIndex);
+            drawing.pix = std::move(picture.words);
+            drawing.relief = std::move(picture.levels);
+            drawing.drawn = true;
+        }
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::Overflow);
+        drawing.overflow = true;
+    }
+    return drawing;
+}
+
+/// Where two pictures differ first, or nothing.
+std::string firstDifference(const std::vector<Long>& a, const std::vector<Long>& b, Long w) {
+    const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    if (left == a.end() && right == b.end())
+        return "";
+    const auto at = static_cast<Long>(left - a.begin());
+    return "at (" + std::to_string(at % w) + ", " + std::to_string(at / w) + ")";
+}
+
+std::string firstDifference(const Grid<FtIndexCell>& a, const Grid<FtIndexCell>& b) {
+    for (Long y = 0; y <= a.yBound(); ++y)
+        for (Long x = 0; x <= a.xBound(); ++x)
+            if (a(x, y).u != b(x, y).u || a(x, y).v != b(x, y).v)
+                return "at (" + std::to_string(x) + ", " + std::to_string(y) + ")";
+    return "";
+}
+
+void expectSameSpectrum(const Grid<ComplexCell>& data, Long w, Long h, const slow::Look& look) {
+    const slow::Drawing expected = slow::drawSpectrum(data, w, h, look, tables());
+    const slow::Drawing found = drawFast(data, w, h, look);
+    ASSERT_EQ(found.drawn, expected.drawn);
+    ASSERT_EQ(found.overflow, expected.overflow);
+    EXPECT_EQ(firstDifference(found.ftIndex, expected.ftIndex), "");
+    if (!expected.drawn)
+        return;
+    EXPECT_EQ(firstDifference(found.pix, expected.pix, w), "");
+    EXPECT_EQ(found.relief, expected.relief);
+}
+
+class EveryLook : public testing::TestWithParam<int> {};
+
+TEST_P(EveryLook, OfASpectrumIsThatOfTheSlowRenderer) {
+    for (const NamedSpectrum& spectrum : spectraToRender(kSeed)) {
+        slow::Look look = lookOf(GetParam());
+        for (const Single factor : {1.0F, 0.05F, 7.77F}) {
+            look.ifacSqrt = factor;
+            look.ifacLinear = factor * 100.0F;
+            SCOPED_TRACE(nameOf(look) + ": " + spectrum.name);
+            expectSameSpectrum(spectrum.cells, 256, 256, look);
+        }
+    }
+}
+
+TEST_P(EveryLook, OfAnotherSizeIsThatOfTheSlowRenderer) {
+    const slow::Look look = lookOf(GetParam());
+    for (const auto& [w, h] : {std::pair{1, 1}, {2, 2}, {8, 4}, {5, 7}, {64, 64}}) {
+        SCOPED_TRACE(nameOf(look) + ": " + std::to_string(w) + " by " + std::to_string(h));
+        expectSameSpectrum(randomSpectrum(w, h, kSeed), w, h, look);
+    }
+}
+
+TEST_P(EveryLook, OverflowsWhereAFactorIsTooLargeAndNotesTheCellsBefore) {
+    slow::Look look = lookOf(GetParam());
+    look.ifacSqrt = 3e38F;
+    look.ifacLinear = 3e38F;
+    SCOPED_TRACE(nameOf(look));
+    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    EXPECT_TRUE(drawFast(data, 256, 256, look).overflow);
+    expectSameSpectrum(data, 256, 256, look);
+}
+
+TEST_P(EveryLook, OfAReconstructionIsThatOfTheSlowRenderer) {
+    slow::Look look = lookOf(GetParam());
+    for (NamedSpectrum& plane : spectraToRender(kSeed)) {
+        SCOPED_TRACE(nameOf(look) + ": " + plane.name);
+        if (plane.name == "infinite")
+            continue;
+        // A reconstruction has no imaginary parts.
+        for (Long y = 0; y < 256; ++y)
+            for (Long x = 0; x < 256; ++x)
+                plane.cells(x, y).im = 0;
+        const slow::Drawing expected = slow::drawReconstruction(plane.cells, 256, 256, look);
+        try {
+            const std::vector<PixelWord> found = paintReconstruction(
+                plane.cells, 256, 256, look.mView, look.invert ? Inversion::On : Inversion::Off);
+            EXPECT_FALSE(expected.overflow);
+            EXPECT_EQ(!found.empty(), expected.drawn);
+            if (expected.drawn) {
+                EXPECT_EQ(firstDifference(found, expected.pix, 256), "");
+            }
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.number(), ErrorNumber::Overflow);
+            EXPECT_TRUE(expected.overflow);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(ViewsScalesInversions, EveryLook, testing::Range(0, kCombinations));
+
+TEST(SpectrumPasses, AViewThatDoesNotExistShowsNothing) {
+    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    for (const int view : {-1, 5, 99}) {
+        slow::Look look = lookOf(0);
+        look.mView = static_cast<Integer>(view);
+        EXPECT_EQ(SpectrumPasses(data, 256, 256, asLook(look)).measure(), 0);
+        EXPECT_FALSE(slow::drawSpectrum(data, 256, 256, look, tables()).drawn);
+        EXPECT_TRUE(paintReconstruction(data, 256, 256, look.mView, Inversion::Off).empty());
+    }
+}
+
+TEST(SpectrumPasses, CellsThatDoNotExistAreASubscriptError) {
+    const Grid<ComplexCell> data = randomSpectrum(16, 16, kSeed);
+    const slow::Look look = lookOf(0);
+    EXPECT_THROW(SpectrumPasses(data, 64, 64, asLook(look)), RunTimeError);
+    EXPECT_THROW(paintReconstruction(data, 64, 64, 0, Inversion::Off), RunTimeError);
+    SpectrumPasses passes(data, 16, 16, asLook(look));
+    passes.measure();
+    Grid<FtIndexCell> unallocated;
+    EXPECT_THROW(passes.paint(unallocated), RunTimeError);
+}
+
+TEST(SpectrumPasses, TheQuadrantsChangePlacesWithTheZeroFrequencyUpAndLeftOfTheMiddle) {
+    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    Grid<FtIndexCell> ftIndex(256, 256);
+    const slow::Look look = lookOf(0);
+    SpectrumPasses passes(data, 256, 256, asLook(look));
+    passes.measure();
+    passes.paint(ftIndex);
+    const auto shownAt = [&](Long x, Long y) {
+        return std::pair(ftIndex(x, y).u, ftIndex(x, y).v);
+    };
+    using Cell = std::pair<Integer, Integer>;
+    EXPECT_EQ(shownAt(127, 127), Cell(0, 0));
+    EXPECT_EQ(shownAt(0, 0), Cell(129, 129));
+    EXPECT_EQ(shownAt(255, 255), Cell(128, 128));
+    EXPECT_EQ(shownAt(126, 128), Cell(255, 1));
+    EXPECT_EQ(shownAt(255, 0), Cell(128, 129));
+    EXPECT_EQ(shownAt(256, 256), Cell(0, 0)) << "the last row and column stay zero";
+}
+
+/// A spectrum of one strong cell and one other, and the level of the other.
+Integer levelBeside(Single strong, Single other, const slow::Look& look) {
+    Grid<ComplexCell> data(256, 256);
+    data(0, 0).re = strong;
+    data(1, 0).re = other;
+    return drawFast(data, 256, 256, look).relief[127 * 256 + 128];
+}
+
+TEST(SpectrumLevels, InTheLinearScaleWithFactor100AllAboveAHundredthOfTheLargestAreFull) {
+    slow::Look look = lookOf(0);
+    look.bSqrtScale = false;
+    EXPECT_EQ(levelBeside(1000.0F, 10.01F, look), 255);
+    EXPECT_EQ(levelBeside(1000.0F, 10.0F, look), 255);
+    EXPECT_EQ(levelBeside(1000.0F, 9.9F, look), 252);
+    EXPECT_EQ(levelBeside(1000.0F, 0.0F, look), 0);
+}
+
+TEST(SpectrumLevels, InTheSquareRootScaleAWeakCellIsBlackRatherThanLifted) {
+    slow::Look look = lookOf(0);
+    look.ifacSqrt = 50;
+    // The divisor is the root of the largest value: 1000. A value of 3.9 gives
+    // 0.99 of a level, one of 4 gives 1.02 and its root.
+    EXPECT_EQ(levelBeside(1e6F, 3.9F, look), 0);
+    EXPECT_EQ(levelBeside(1e6F, 4.0F, look), 50);
+}
+
+TEST(SpectrumLevels, HalvesGoToTheEvenLevel) {
+    slow::Look look = lookOf(0);
+    look.bSqrtScale = false;
+    look.ifacLinear = 1;
+    EXPECT_EQ(levelBeside(255.0F, 2.5F, look), 2);
+    EXPECT_EQ(levelBeside(255.0F, 3.5F, look), 4);
+}
+
+TEST(SpectrumLevels, ThePhaseViewTakesTheLinearFactorAlsoInTheSquareRootScale) {
+    slow::Look look = lookOf(2);
+    look.bSqrtScale = true;
+    look.ifacLinear = 0.01F;
+    look.ifacSqrt = 1000;
+    Grid<ComplexCell> data(256, 256);
+    data(0, 0) = {-1, 0};
+    data(1, 0) = {0, 1};
+    const std::vector<Integer> levels = drawFast(data, 256, 256, look).relief;
+    // 180 degrees over the root of 180, by 255, by 0.01.
+    EXPECT_EQ(levels[127 * 256 + 127], 34);
+    EXPECT_EQ(levels[127 * 256 + 128], 17);
+}
+
+TEST(SpectrumColours, InvertedARealPartOfZeroIsWhiteInItsView) {
+    slow::Look look = lookOf(3);
+    look.bSqrtScale = false;
+    look.invert = true;
+    Grid<ComplexCell> data(256, 256);
+    data(0, 0).re = 5;
+    data(1, 0).re = -5;
+    const std::vector<Long> pix = drawFast(data, 256, 256, look).pix;
+    EXPECT_EQ(pix[10], tables().re[510]);
+    EXPECT_EQ(pix[127 * 256 + 127], tables().re[255]);
+    EXPECT_EQ(pix[127 * 256 + 128], tables().re[255]);
+}
+
+TEST(SpectrumColours, PhasesKeepTheirColourWhenInverted) {
+    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    slow::Look look = lookOf(2);
+    const std::vector<Long> plain = drawFast(data, 256, 256, look).pix;
+    look.invert = true;
+    EXPECT_EQ(drawFast(data, 256, 256, look).pix, plain);
+}
+
+}  // namespace
+}  // namespace quillon
