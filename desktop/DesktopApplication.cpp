@@ -1,0 +1,95 @@
+#include "desktop/DesktopApplication.h"
+
+#include <QProxyStyle>
+#include <cstdlib>
+#include <new>
+
+#include "engine/RunTimeError.h"
+#include "engine/Version.h"
+
+namespace quillon {
+
+namespace {
+
+constexpr int kOutOfMemory = 7;
+constexpr int kInternalError = 51;
+
+/// The desktop's style, but the Alt key alone belongs to the lab, which shows the
+/// profile lines by it; Alt with a letter opens a menu as everywhere.
+class LabStyle : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        if (hint == SH_MenuBar_AltKeyNavigation)
+            return 0;
+        return QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
+
+/// What must be set before the toolkit starts.
+int& prepared(int& argc) {
+    // A stroke follows the pointer through every point that the mouse tells.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    QCoreApplication::setAttribute(Qt::AA_CompressTabletEvents, false);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
+    // A panel's pixels cover whole pixels of the screen. At a scale in between,
+    // the whole window keeps to the whole number below, so that no panel stands
+    // small in a frame too large for it.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+    return argc;
+}
+
+std::string errorText(int number, const std::string& description) {
+    return "Run-time error '" + std::to_string(number) + "':\n" + description;
+}
+
+std::string textOf(const std::exception_ptr& error) {
+    try {
+        std::rethrow_exception(error);
+    } catch (const RunTimeError& runTimeError) {
+        return errorText(static_cast<int>(runTimeError.number()), runTimeError.description());
+    } catch (const std::bad_alloc&) {
+        return errorText(kOutOfMemory, "Out of memory");
+    } catch (const std::exception& other) {
+        return errorText(kInternalError, std::string("Internal error: ") + other.what());
+    }
+}
+
+}  // namespace
+
+DesktopApplication::DesktopApplication(int& argc, char** argv)
+    : QApplication(prepared(argc), argv) {
+    resetEnding();
+    setApplicationName(QStringLiteral("quillon"));
+    setApplicationDisplayName(QStringLiteral("Quillon"));
+    setApplicationVersion(QString::fromLatin1(kVersionText));
+    setStyle(new LabStyle);
+}
+
+void DesktopApplication::resetEnding() {
+    dialogs_ = &ownDialogs_;
+    // No destructor of the half-finished handler's objects runs.
+    ending_ = [](int status) { std::_Exit(status); };
+}
+
+bool DesktopApplication::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+        endWith(std::current_exception());
+        return true;
+    }
+}
+
+void DesktopApplication::endWith(std::exception_ptr error) {
+    // While the message stands, a timer may well run into the same error again.
+    if (telling_)
+        return;
+    telling_ = true;
+    dialogs_->messageBox(textOf(error), "", MessageIcon::Critical, MessageButtons::Ok);
+    telling_ = false;
+    ending_(EXIT_FAILURE);
+}
+
+}  // namespace quillon

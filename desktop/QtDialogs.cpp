@@ -1,0 +1,112 @@
+#include "desktop/QtDialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "desktop/Conversions.h"
+#include "engine/RunTimeError.h"
+
+namespace quillon {
+
+namespace {
+
+const QString kProgramTitle = QStringLiteral("Quillon");
+
+QMessageBox::Icon toIcon(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::Critical:
+            return QMessageBox::Critical;
+        case MessageIcon::Question:
+            return QMessageBox::Question;
+        case MessageIcon::Exclamation:
+            return QMessageBox::Warning;
+        case MessageIcon::Information:
+            return QMessageBox::Information;
+        case MessageIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+}  // namespace
+
+QStringList toNameFilters(const std::string& filter) {
+    QStringList filters;
+    const QStringList parts = toQString(filter).split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        // The description names the patterns too; the dialog writes them itself.
+        const QString description = parts[i].section(QStringLiteral(" ("), 0, 0);
+        QString patterns = parts[i + 1];
+        patterns.replace(u';', u' ');
+        filters << QStringLiteral("%1 (%2)").arg(description, patterns);
+    }
+    return filters;
+}
+
+MessageAnswer QtDialogs::messageBox(const std::string& text, const std::string& title,
+                                    MessageIcon icon, MessageButtons buttons) {
+    QMessageBox box(owner_);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(toQString(text));
+    box.setWindowTitle(title.empty() ? kProgramTitle : toQString(title));
+    box.setIcon(toIcon(icon));
+    if (buttons == MessageButtons::Ok) {
+        box.setStandardButtons(QMessageBox::Ok);
+        box.exec();
+        return MessageAnswer::Ok;
+    }
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    // The Escape key and the close box mean No.
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
+}
+
+std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const std::string& title,
+                                               const std::string& preset) {
+    QInputDialog box(owner_);
+    box.setWindowTitle(title.empty() ? kProgramTitle : toQString(title));
+    box.setLabelText(toQString(prompt));
+    box.setTextValue(toQString(preset));
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return toBytes(box.textValue());
+}
+
+void QtDialogs::showOpen(FileDialog& dialog) {
+    show(dialog, Purpose::Open);
+}
+
+void QtDialogs::showSave(FileDialog& dialog) {
+    show(dialog, Purpose::Save);
+}
+
+void QtDialogs::show(FileDialog& dialog, Purpose purpose) {
+    QFileDialog box(owner_);
+    box.setOption(QFileDialog::DontUseNativeDialog, style_ == FileDialogStyle::Toolkit);
+    box.setAcceptMode(purpose == Purpose::Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    box.setFileMode(purpose == Purpose::Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    if (!dialog.DialogTitle.empty())
+        box.setWindowTitle(toQString(dialog.DialogTitle));
+    const QStringList filters = toNameFilters(dialog.Filter);
+    if (!filters.isEmpty()) {
+        box.setNameFilters(filters);
+        if (dialog.FilterIndex >= 1 && dialog.FilterIndex <= filters.size())
+            box.selectNameFilter(filters[dialog.FilterIndex - 1]);
+    }
+    const QString folder = toNativePath(dialog.InitDir);
+    if (!folder.isEmpty() && QDir(folder).exists())
+        box.setDirectory(folder);
+    if (!dialog.FileName.empty())
+        box.selectFile(toNativePath(dialog.FileName));
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
+        throw RunTimeError(ErrorNumber::DialogCancelled);
+    dialog.FileName = toLabPath(QDir::cleanPath(box.selectedFiles().constFirst()));
+    const qsizetype chosen = filters.indexOf(box.selectedNameFilter());
+    if (chosen >= 0)
+        dialog.FilterIndex = static_cast<Integer>(chosen + 1);
+}
+
+}  // namespace quillon

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <functional>
+
+#include "engine/Desktop.h"
+
+namespace quillon {
+
+class QtScreen : public Screen {
+public:
+    ~QtScreen() override;
+    void setMousePointer(Integer pointer) override;
+    void pendingEvents() override;
+    void beep() override;
+    ColorValue systemColor(SystemColor color) override;
+    void dragControl(Control& control) override;
+
+    /// Who drags a control with the mouse, set by the window.
+    void setDragger(std::function<void(Control&)> dragger) { dragger_ = std::move(dragger); }
+
+private:
+    bool waiting_ = false;
+    std::function<void(Control&)> dragger_;
+};
+
+}  // namespace quillon
