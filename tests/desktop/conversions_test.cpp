@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QFontInfo>
+#include <QTemporaryDir>
 
 #include "desktop/Conversions.h"
 
@@ -8,9 +10,15 @@ namespace quillon {
 namespace {
 
 TEST(Conversions, TextsAreUtf8AndOtherBytesAreShownAsLatin1) {
-    EXPECT_EQ(toQString("Fran\xC3\xA7" "ais"), QStringLiteral("Français"));
-    EXPECT_EQ(toQString("Fran\xE7" "ais"), QStringLiteral("Français"));
-    EXPECT_EQ(toBytes(QStringLiteral("Français")), "Fran\xC3\xA7" "ais");
+    EXPECT_EQ(toQString("Fran\xC3\xA7"
+                        "ais"),
+              QStringLiteral("Français"));
+    EXPECT_EQ(toQString("Fran\xE7"
+                        "ais"),
+              QStringLiteral("Français"));
+    EXPECT_EQ(toBytes(QStringLiteral("Français")),
+              "Fran\xC3\xA7"
+              "ais");
     EXPECT_EQ(toQString(""), QString());
 }
 
@@ -19,10 +27,15 @@ TEST(Conversions, PathsExchangeTheirSeparators) {
     EXPECT_EQ(toLabPath(QStringLiteral("/home/user/a b.jpg")), "\\home\\user\\a b.jpg");
 }
 
-TEST(Conversions, AnAbsoluteNativePathIsTakenAsItIs) {
-    EXPECT_EQ(toNativePath("/tmp/odd\\name"), QStringLiteral("/tmp/odd\\name"));
-    EXPECT_EQ(toNativePath(toLabPath(QStringLiteral("/tmp/odd\\name"))),
-              QStringLiteral("/tmp/odd\\name"));
+TEST(Conversions, ANativePathMayStandInFrontOfALabPath) {
+    EXPECT_EQ(toNativePath("/tmp/nowhere\\name"), QStringLiteral("/tmp/nowhere/name"));
+}
+
+TEST(Conversions, AFileIsFoundInAnyCaseOfItsName) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("Cat.JPG"));
+    ASSERT_TRUE(QFile(path).open(QIODevice::WriteOnly));
+    EXPECT_EQ(toNativePath(toLabPath(folder.path()) + "\\cat.jpg"), path);
 }
 
 TEST(Conversions, FifteenTwipsAreAPixel) {

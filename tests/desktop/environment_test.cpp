@@ -25,9 +25,8 @@ TEST(EnvironmentService, WithoutTmpThereIsAPrivateFolderAmongTheCaches) {
     EXPECT_EQ(toNativePath(folder), caches.filePath(QStringLiteral("quillon")));
     const QFileInfo made(toNativePath(folder));
     ASSERT_TRUE(made.isDir());
-    EXPECT_FALSE(made.permissions() &
-                 (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
-                  QFile::WriteOther | QFile::ExeOther));
+    EXPECT_FALSE(made.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                       QFile::ReadOther | QFile::WriteOther | QFile::ExeOther));
     EXPECT_TRUE(made.isWritable());
 }
 

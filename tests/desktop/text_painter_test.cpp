@@ -48,10 +48,9 @@ TEST(TextOnAPanel, IsAsWideAsMeasured) {
 TEST(TextOnAPanel, LeavesTheTopByteOfEveryWordZero) {
     Bitmap canvas(60, 20, 0x102030);
     QtTextPainter().draw(canvas, 0, 0, "Text", Font::Arial, 8.25F, kRed);
-    EXPECT_TRUE(
-        std::ranges::all_of(canvas.words, [](PixelWord word) { return word >> 24 == 0; }));
-    EXPECT_TRUE(std::ranges::any_of(
-        canvas.words, [](PixelWord word) { return (word >> 16 & 0xFF) > 0xC0; }));
+    EXPECT_TRUE(std::ranges::all_of(canvas.words, [](PixelWord word) { return word >> 24 == 0; }));
+    EXPECT_TRUE(std::ranges::any_of(canvas.words,
+                                    [](PixelWord word) { return (word >> 16 & 0xFF) > 0xC0; }));
 }
 
 TEST(TextOnAPanel, IsCutAtTheEdgesAndAbsentOnAPanelOfNoSize) {

@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "desktop/Conversions.h"
+#include "desktop/QtDialogs.h"
+#include "engine/RunTimeError.h"
+#include "tests/desktop/when_modal.h"
+
+namespace quillon {
+namespace {
+
+class DialogService : public ::testing::Test {
+protected:
+    QtDialogs dialogs{FileDialogStyle::Toolkit};
+    QTemporaryDir folder;
+
+    std::string make(const char* name) const {
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return toLabPath(path);
+    }
+};
+
+TEST_F(DialogService, AMessageShowsItsTextTitleAndIcon) {
+    whenModal<QMessageBox>([](QMessageBox& box) {
+        EXPECT_EQ(box.text(), QStringLiteral("The <b>first</b> line\nand the second"));
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Folder Setup"));
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_EQ(dialogs.messageBox("The <b>first</b> line\nand the second", "Folder Setup",
+                                 MessageIcon::Information, MessageButtons::Ok),
+              MessageAnswer::Ok);
+}
+
+TEST_F(DialogService, EachIconIsTheDesktopsOwn) {
+    const std::pair<MessageIcon, QMessageBox::Icon> pairs[] = {
+        {MessageIcon::None, QMessageBox::NoIcon},
+        {MessageIcon::Critical, QMessageBox::Critical},
+        {MessageIcon::Question, QMessageBox::Question},
+        {MessageIcon::Exclamation, QMessageBox::Warning},
+    };
+    for (const auto& [asked, shown] : pairs) {
+        whenModal<QMessageBox>([shown = shown](QMessageBox& box) {
+            EXPECT_EQ(box.icon(), shown);
+            EXPECT_EQ(box.windowTitle(), QStringLiteral("Quillon"));
+            box.accept();
+        });
+        dialogs.messageBox("text", "", asked, MessageButtons::Ok);
+    }
+}
+
+TEST_F(DialogService, AQuestionIsAnsweredByYesOrNoAndEscapeMeansNo) {
+    whenModal<QMessageBox>(
+        [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton); });
+    EXPECT_EQ(dialogs.messageBox("?", "", MessageIcon::Question, MessageButtons::YesNo),
+              MessageAnswer::Yes);
+    whenModal<QMessageBox>(
+        [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton); });
+    EXPECT_EQ(dialogs.messageBox("?", "", MessageIcon::Question, MessageButtons::YesNo),
+              MessageAnswer::No);
+    whenModal<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(dialogs.messageBox("?", "", MessageIcon::Question, MessageButtons::YesNo),
+              MessageAnswer::No);
+}
+
+TEST_F(DialogService, AnInputBoxOffersItsPresetAndGivesWhatIsTyped) {
+    whenModal<QInputDialog>([](QInputDialog& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Adjust FT Brightness"));
+        EXPECT_EQ(box.labelText(), QStringLiteral("first\nsecond"));
+        EXPECT_EQ(box.textValue(), QStringLiteral("100"));
+        auto* edit = box.findChild<QLineEdit*>();
+        edit->selectAll();
+        QTest::keyClicks(edit, QStringLiteral("2.5x"));
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    EXPECT_EQ(dialogs.inputBox("first\nsecond", "Adjust FT Brightness", "100"), "2.5x");
+}
+
+TEST_F(DialogService, ACancelledInputBoxGivesNothingAndAnEmptyOneTheEmptyText) {
+    whenModal<QInputDialog>([](QInputDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(dialogs.inputBox("prompt", "title", "preset"), std::nullopt);
+    whenModal<QInputDialog>([](QInputDialog& box) {
+        box.setTextValue(QString());
+        box.accept();
+    });
+    EXPECT_EQ(dialogs.inputBox("prompt", "title", "preset"), "");
+}
+
+TEST_F(DialogService, TheOpenDialogStartsWhereItIsToldAndGivesTheFileInLabForm) {
+    const std::string path = make("Cat 1.jpg");
+    FileDialog dialog;
+    dialog.DialogTitle = "Choose";
+    dialog.InitDir = toLabPath(folder.path()) + "\\";
+    dialog.Filter = "Images (*.bmp;*.gif;*.jpg)|*.bmp;*.gif;*.jpg";
+    whenModal<QFileDialog>([&](QFileDialog& box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Choose"));
+        EXPECT_EQ(box.directory().path(), folder.path());
+        EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptOpen);
+        EXPECT_EQ(box.nameFilters(), QStringList{QStringLiteral("Images (*.bmp *.gif *.jpg)")});
+        box.selectFile(QStringLiteral("Cat 1.jpg"));
+        static_cast<QDialog&>(box).accept();
+    });
+    dialogs.showOpen(dialog);
+    EXPECT_EQ(dialog.FileName, path);
+    EXPECT_EQ(dialog.FilterIndex, 1);
+}
+
+TEST_F(DialogService, TheFilterInForceAtTheEndIsTold) {
+    const std::string path = make("masks.ftmsk");
+    FileDialog dialog;
+    dialog.InitDir = toLabPath(folder.path());
+    dialog.Filter = "First (*.a)|*.a|Second (*.b)|*.b|All (*.*)|*.*";
+    dialog.FilterIndex = 2;
+    whenModal<QFileDialog>([](QFileDialog& box) {
+        EXPECT_EQ(box.selectedNameFilter(), QStringLiteral("Second (*.b)"));
+        box.selectNameFilter(QStringLiteral("All (*.*)"));
+        box.selectFile(QStringLiteral("masks.ftmsk"));
+        static_cast<QDialog&>(box).accept();
+    });
+    dialogs.showOpen(dialog);
+    EXPECT_EQ(dialog.FileName, path);
+    EXPECT_EQ(dialog.FilterIndex, 3);
+}
+
+TEST_F(DialogService, TheSaveDialogOffersTheLastNameAndForcesNoExtension) {
+    FileDialog dialog;
+    dialog.InitDir = toLabPath(folder.path());
+    dialog.FileName = toLabPath(folder.filePath(QStringLiteral("last.bmp")));
+    dialog.Filter = "Windows Bitmap (*.bmp)|*.bmp";
+    whenModal<QFileDialog>([](QFileDialog& box) {
+        EXPECT_EQ(box.acceptMode(), QFileDialog::AcceptSave);
+        auto* edit = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        EXPECT_EQ(edit->text(), QStringLiteral("last.bmp"));
+        edit->setText(QStringLiteral("new.name"));
+        static_cast<QDialog&>(box).accept();
+    });
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, toLabPath(folder.filePath(QStringLiteral("new.name"))));
+}
+
+TEST_F(DialogService, ACancelledFileDialogIsAnErrorAndKeepsTheName) {
+    FileDialog dialog;
+    dialog.FileName = "\\before.bmp";
+    for (const bool opening : {true, false}) {
+        whenModal<QFileDialog>([](QFileDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        try {
+            opening ? dialogs.showOpen(dialog) : dialogs.showSave(dialog);
+            FAIL() << "the dialog was not cancelled";
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.number(), ErrorNumber::DialogCancelled);
+        }
+        EXPECT_EQ(dialog.FileName, "\\before.bmp");
+    }
+}
+
+TEST(FileFilters, AreTakenApartAtTheBars) {
+    EXPECT_EQ(toNameFilters(""), QStringList());
+    EXPECT_EQ(toNameFilters("Script (*.ftscr)|*.ftscr"),
+              QStringList{QStringLiteral("Script (*.ftscr)")});
+    EXPECT_EQ(toNameFilters("A (*.a;*.b)|*.a;*.b|B|*.*"),
+              (QStringList{QStringLiteral("A (*.a *.b)"), QStringLiteral("B (*.*)")}));
+}
+
+}  // namespace
+}  // namespace quillon

@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include "desktop/Conversions.h"
+#include "desktop/QtShell.h"
+
+namespace quillon {
+namespace {
+
+/// Takes the place of the desktop's handler of files and addresses.
+class UrlCatcher : public QObject {
+    Q_OBJECT
+public:
+    UrlCatcher() {
+        for (const QString& scheme : schemes())
+            QDesktopServices::setUrlHandler(scheme, this, "open");
+    }
+    ~UrlCatcher() override {
+        for (const QString& scheme : schemes())
+            QDesktopServices::unsetUrlHandler(scheme);
+    }
+    QList<QUrl> opened;
+
+public Q_SLOTS:
+    void open(const QUrl& url) { opened << url; }
+
+private:
+    static QStringList schemes() { return {QStringLiteral("file"), QStringLiteral("https")}; }
+};
+
+class ShellService : public ::testing::Test {
+protected:
+    UrlCatcher catcher;
+    QTemporaryDir folder;
+    QtShell shell;
+
+    std::string labPathOf(const char* name) const {
+        return toLabPath(folder.filePath(QString::fromLatin1(name)));
+    }
+    void expectOpened(const char* name) const {
+        ASSERT_EQ(catcher.opened.size(), 1);
+        EXPECT_EQ(catcher.opened[0],
+                  QUrl::fromLocalFile(folder.filePath(QString::fromLatin1(name))));
+    }
+    void make(const char* name) const {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+};
+
+TEST_F(ShellService, AFolderGoesToTheDesktopsHandler) {
+    shell.execute("explorer.exe", labPathOf("Images") + "\\", "0");
+    ASSERT_EQ(catcher.opened.size(), 1);
+    EXPECT_EQ(catcher.opened[0].toLocalFile(), folder.filePath(QStringLiteral("Images/")));
+}
+
+TEST_F(ShellService, ATextFileGoesToTheDesktopsEditor) {
+    make("a b.ftscr");
+    shell.execute("notepad.exe", labPathOf("A B.ftscr"), "");
+    expectOpened("a b.ftscr");
+}
+
+TEST_F(ShellService, TheHelpIsThePageBesideTheCompiledHelp) {
+    shell.execute("hh.exe", labPathOf("Quillon.chm"), "0");
+    expectOpened("doc/help/index.html");
+}
+
+TEST_F(ShellService, AFileInTheProgramsPlaceIsOpened) {
+    make("paper.pdf");
+    shell.execute(labPathOf("paper.pdf"), "", labPathOf(""));
+    expectOpened("paper.pdf");
+}
+
+TEST_F(ShellService, AnAddressGoesToTheBrowser) {
+    shell.openAddress("https://www.brindlewood.example/products/Sorrel");
+    ASSERT_EQ(catcher.opened.size(), 1);
+    EXPECT_EQ(catcher.opened[0],
+              QUrl(QStringLiteral("https://www.brindlewood.example/products/Sorrel")));
+}
+
+TEST_F(ShellService, AProgramThatIsNotThereIsPassedOver) {
+    EXPECT_NO_THROW(shell.execute(labPathOf("missing.exe"), "x", ""));
+    EXPECT_TRUE(catcher.opened.isEmpty());
+}
+
+}  // namespace
+}  // namespace quillon
+
+#include "shell_test.moc"
