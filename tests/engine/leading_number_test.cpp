@@ -59,9 +59,7 @@ TEST(LeadingNumber, AnExponentWithoutDigitsIsNoneAtAll) {
 
 TEST(LeadingNumber, AWordThatBeginsWithNoNumberGivesZero) {
     for (const char* word : {"", "abc", "&H10", ".", "-", "+", "-.", "e5", ".e5", "--5", "+-5",
-                             "- 5", "inf", "nan", "infinity", "$5",
-                             "\xE9"
-                             "5"})
+                             "- 5", "inf", "nan", "infinity", "$5", "\xE9t5"})
         EXPECT_EQ(leadingNumber(word), 0) << word;
 }
 

@@ -112,21 +112,14 @@ TEST_F(NativeFilesTest, TheListOfAllFilesHasThoseWithoutAPointButNoHiddenOnes) {
 }
 
 TEST_F(NativeFilesTest, PatternsKnowStarsAndSingleCharacters) {
-    for (const char* name : {"aab", "ab", "acb",
-                             "a\xC3\xA9"
-                             "b",
-                             "abab", "b"})
+    for (const char* name : {"aaz", "az", "acz", "a\xC3\xA9z", "azaz", "z"})
         folder.write(name, "x");
-    EXPECT_EQ(files.list(lab(""), "a?b"), (Names{"aab", "acb",
-                                                 "a\xC3\xA9"
-                                                 "b"}));
-    EXPECT_EQ(files.list(lab(""), "a*ab"), (Names{"aab", "abab"}));
-    EXPECT_EQ(files.list(lab(""), "*a*"), (Names{"aab", "ab", "abab", "acb",
-                                                 "a\xC3\xA9"
-                                                 "b"}));
-    EXPECT_EQ(files.list(lab(""), "B;ab;AB"), (Names{"ab", "b"}));
+    EXPECT_EQ(files.list(lab(""), "a?z"), (Names{"aaz", "acz", "a\xC3\xA9z"}));
+    EXPECT_EQ(files.list(lab(""), "a*az"), (Names{"aaz", "azaz"}));
+    EXPECT_EQ(files.list(lab(""), "*a*"), (Names{"aaz", "acz", "az", "azaz", "a\xC3\xA9z"}));
+    EXPECT_EQ(files.list(lab(""), "Z;az;AZ"), (Names{"az", "z"}));
     EXPECT_EQ(files.list(lab(""), ""), Names{});
-    EXPECT_EQ(files.list(lab(""), "?"), Names{"b"});
+    EXPECT_EQ(files.list(lab(""), "?"), Names{"z"});
 }
 
 TEST_F(NativeFilesTest, AListFollowsLinksToFilesAndLeavesPipesOut) {
