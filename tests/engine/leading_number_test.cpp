@@ -8,7 +8,9 @@
 #include <limits>
 #include <locale>
 #include <random>
+#include <regex>
 #include <string>
+#include <string_view>
 
 #include "engine/NumberText.h"
 #include "tests/support/TemporaryFolder.h"
@@ -115,6 +117,26 @@ TEST(LeadingNumber, AnyDoubleReadsBackFromItsFullText) {
         char text[64];
         std::snprintf(text, sizeof text, "%.17gjunk", value);
         ASSERT_EQ(leadingNumber(text), value) << text;
+    }
+}
+
+TEST(LeadingNumber, AnyMixtureOfCharactersReadsAsTheRuleSays) {
+    constexpr unsigned kSeed = 1729;
+    constexpr std::string_view kCharacters = "00123456789..++--eEdx, &";
+    const std::regex rule(" *([+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?)");
+    std::mt19937 random(kSeed);
+    SCOPED_TRACE("seed " + std::to_string(kSeed));
+    for (int i = 0; i < 50000; ++i) {
+        std::string word(random() % 7, ' ');
+        for (char& character : word)
+            character = kCharacters[random() % kCharacters.size()];
+        std::smatch match;
+        const bool begins =
+            std::regex_search(word, match, rule, std::regex_constants::match_continuous);
+        double expected = begins ? std::strtod(match.str(1).c_str(), nullptr) : 0;
+        if (std::isinf(expected))
+            expected = std::copysign(kLargestDouble, expected);
+        ASSERT_EQ(leadingNumber(word), expected) << '"' << word << '"';
     }
 }
 
