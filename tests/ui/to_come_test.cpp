@@ -1,0 +1,70 @@
+#include <string>
+
+#include "tests/support/CommandFixture.h"
+
+namespace quillon {
+namespace {
+
+using enum MenuArray;
+
+struct ToCome {
+    MenuArray array;
+    Integer index;
+    const char* text;
+};
+
+/// Entries whose subject has not arrived. A line goes when its subject comes.
+const ToCome kToCome[] = {
+    {mnuImg1a, 10, "Histogram is not there yet"},
+    {mnuImg1a, 14, "Convolution is not there yet"},
+    {mnuImg2a, 15, "Deconvolution is not there yet"},
+    {mnuImg1b, 0, "Drawing is not there yet"},
+    {mnuImg2b, 3, "Drawing is not there yet"},
+    {mnuFT2a, 17, "Export Data is not there yet"},
+    {itmFile, 3, "Batch Processing is not there yet"},
+    {itmSCR, 0, "Load Script is not there yet"},
+    {itmSCR, 1, "Save as Script is not there yet"},
+    {itmSCR, 2, "Edit Script is not there yet"},
+    {itmOpt, 6, "Swap Phase Sets is not there yet"},
+    {itmOpt, 7, "Randomize Phases is not there yet"},
+    {itmOpt, 8, "Randomize Magnitudes is not there yet"},
+    {itmOpt, 9, "Discard Phases is not there yet"},
+    {itmOpt, 10, "Discard Magnitudes is not there yet"},
+    {itm10, 0, "Help is not there yet"},
+    {itm10a, 0, "Links is not there yet"},
+};
+
+TEST_F(CommandFixture, ACommandWhoseSubjectHasNotArrivedSaysSo) {
+    for (const ToCome& entry : kToCome) {
+        form.ShowStatus(2, "");
+        form.click(entry.array, entry.index);
+        EXPECT_EQ(status(2), entry.text);
+    }
+}
+
+TEST_F(CommandFixture, TheLKeyTurnsTheLightOffOnlyOutsideTheTutorial) {
+    for (const Integer key : {Integer{'l'}, Integer{'L'}}) {
+        for (const Integer view : {Integer{0}, Integer{1}}) {
+            form.ShowStatus(2, "");
+            form.lab.viewTab = view;
+            form.KeyPress(key);
+            EXPECT_EQ(status(2), "Light Off is not there yet") << view;
+        }
+        form.ShowStatus(2, "");
+        form.lab.viewTab = 2;
+        form.KeyPress(key);
+        EXPECT_EQ(status(2), "") << "in the tutorial it is a letter";
+    }
+}
+
+TEST_F(CommandFixture, OnlyALowerCaseRResets) {
+    form.ShowStatus(2, "");
+    form.KeyPress('R');
+    EXPECT_EQ(status(2), "");
+    Integer key = 'r';
+    form.remoteKeyPress(key);
+    EXPECT_EQ(status(2), "Reset is not there yet");
+}
+
+}  // namespace
+}  // namespace quillon
