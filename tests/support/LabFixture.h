@@ -6,10 +6,19 @@
 #include <string>
 
 #include "app/Lab.h"
-#include "tests/support/ChannelUnderTest.h"
 #include "tests/support/RecordingDesktop.h"
 
 namespace quillon {
+
+/// Writes "masks.DrawMasks(m)" into the desktop's log.
+class RecordingMasks : public MaskPainter {
+public:
+    explicit RecordingMasks(CallLog& log) : log_(log) {}
+    void DrawMasks(Integer m) override { log_.add("masks.DrawMasks(" + std::to_string(m) + ")"); }
+
+private:
+    CallLog& log_;
+};
 
 /// A lab without a window: two bound channels on black panels, over a recording
 /// desktop.
@@ -35,7 +44,7 @@ protected:
     }
 
     RecordingDesktop desktop;
-    RecordingMaskPainter masks{desktop.log};
+    RecordingMasks masks{desktop.calls};
     clComplexImage channel1{desktop.desktop(), masks};
     clComplexImage channel2{desktop.desktop(), masks};
     PictureBox pb1{"pb1", 256, 256};

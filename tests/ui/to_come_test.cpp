@@ -57,30 +57,6 @@ TEST_F(CommandFixture, TheLKeyTurnsTheLightOffOnlyOutsideTheTutorial) {
     }
 }
 
-TEST_F(CommandFixture, ADroppedScriptGoesToTheReaderWhicheverPanelTookIt) {
-    for (PictureBox* panel : {&form.pb1, &form.pb4})
-        for (const char* file : {"C:\\Q\\lesson.ftscr", "C:\\Q\\lesson.FtScr"}) {
-            form.ShowStatus(2, "");
-            form.OLEDragDrop(*panel, {file, "C:\\a.bmp"});
-            EXPECT_NE(status(2).find("lesson"), std::string::npos) << file;
-        }
-}
-
-TEST_F(CommandFixture, AltAloneOverAnFtPanelAsksForTheLineProfile) {
-    for (PictureBox* panel : {&form.pb2, &form.pb5}) {
-        for (const Integer shift : {Integer{0}, Integer{1}, Integer{5}, Integer{6}}) {
-            form.ShowStatus(2, "");
-            form.MouseMove(*panel, 0, shift, 10, 20);
-            EXPECT_EQ(status(2), "") << shift;
-        }
-        form.MouseMove(*panel, kLeftButton, kAltKey, 10, 20);
-        EXPECT_EQ(status(2), "") << "a held button stops the profile";
-        form.MouseMove(*panel, 0, kAltKey, 10, 20);
-        EXPECT_EQ(status(2), "Line Profile is not there yet");
-        EXPECT_EQ(status(1).substr(0, 7), "[10,20]");
-    }
-}
-
 TEST_F(CommandFixture, OnlyALowerCaseRResets) {
     form.ShowStatus(2, "");
     form.KeyPress('R');

@@ -1,0 +1,193 @@
+#include "desktop/ControlFace.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QUrl>
+#include <QWidget>
+#include <algorithm>
+
+#include "desktop/Conversions.h"
+#include "desktop/input_codes.h"
+#include "desktop/pointers.h"
+
+namespace quillon {
+
+namespace {
+
+const QEvent::Type kTakeState = static_cast<QEvent::Type>(QEvent::registerEventType());
+
+/// The files of a drop, as the lab writes their paths.
+std::vector<std::string> filesOf(const QMimeData* content) {
+    std::vector<std::string> files;
+    for (const QUrl& url : content->urls())
+        if (url.isLocalFile())
+            files.push_back(toLabPath(url.toLocalFile()));
+    return files;
+}
+
+}  // namespace
+
+ControlFace::ControlFace(Form1& form, Control& control, QWidget& widget)
+    : form_(form), control_(control), widget_(widget) {
+    widget_.setObjectName(toQString(control.Name));
+    widget_.setMouseTracking(true);
+    widget_.setContextMenuPolicy(Qt::PreventContextMenu);
+    widget_.installEventFilter(this);
+    control_.watch(this);
+}
+
+ControlFace::~ControlFace() {
+    control_.watch(nullptr);
+}
+
+void ControlFace::stale(Control& /*control*/) {
+    if (marked_)
+        return;
+    marked_ = true;
+    QCoreApplication::postEvent(this, new QEvent(kTakeState), Qt::HighEventPriority);
+}
+
+void ControlFace::showNow(Control& /*control*/) {
+    followState();
+    widget_.repaint();
+}
+
+bool ControlFace::event(QEvent* event) {
+    if (event->type() != kTakeState)
+        return QObject::event(event);
+    if (marked_)
+        followState();
+    return true;
+}
+
+void ControlFace::followState() {
+    marked_ = false;
+    takeState();
+}
+
+void ControlFace::takeState() {
+    const QRect place = placeOf(control_);
+    if (widget_.geometry() != place)
+        widget_.setGeometry(place);
+    if (widget_.isHidden() == control_.Visible.get())
+        widget_.setVisible(control_.Visible);
+    widget_.setToolTip(toQString(control_.ToolTipText.get()));
+    takePointer();
+    widget_.update();
+}
+
+void ControlFace::takePointer() {
+    if (pointer_ == control_.MousePointer && icon_ == control_.MouseIcon)
+        return;
+    pointer_ = control_.MousePointer;
+    icon_ = control_.MouseIcon;
+    // The default is whatever the control below shows.
+    if (pointer_ == kPointerDefault)
+        widget_.unsetCursor();
+    else
+        widget_.setCursor(pointerOf(pointer_, icon_));
+}
+
+QPointF ControlFace::toControl(QPointF position) const {
+    return position * static_cast<double>(kTwipsPerPixel);
+}
+
+bool ControlFace::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != &widget_)
+        return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+            press(static_cast<const QMouseEvent&>(*event));
+            break;
+        case QEvent::MouseButtonDblClick: {
+            const auto& mouse = static_cast<const QMouseEvent&>(*event);
+            // The other buttons have no double click: two quick presses of the
+            // right one open the menu twice.
+            if (mouse.button() != Qt::LeftButton) {
+                press(mouse);
+                break;
+            }
+            pressed_ = false;
+            form_.DblClick(control_);
+            break;
+        }
+        case QEvent::MouseMove:
+            move(static_cast<const QMouseEvent&>(*event));
+            break;
+        case QEvent::MouseButtonRelease:
+            release(static_cast<const QMouseEvent&>(*event));
+            break;
+        case QEvent::DragEnter:
+            offerDrop(static_cast<QDragEnterEvent&>(*event));
+            return true;
+        case QEvent::Drop:
+            drop(static_cast<QDropEvent&>(*event));
+            return true;
+        default:
+            return false;
+    }
+    // Taken, so that the event does not go on to the control below.
+    event->accept();
+    return true;
+}
+
+void ControlFace::press(const QMouseEvent& event) {
+    pressed_ = event.button() == Qt::LeftButton;
+    pressedAt_ = event.globalPosition().toPoint();
+    const QPointF at = toControl(event.position());
+    // All buttons that are down: a press of the right one beside another opens no menu.
+    form_.MouseDown(control_, buttonCodes(event.buttons() | event.button()),
+                    shiftState(event.modifiers()), static_cast<Single>(at.x()),
+                    static_cast<Single>(at.y()));
+}
+
+void ControlFace::move(const QMouseEvent& event) {
+    if (dragging_ && event.buttons().testFlag(Qt::LeftButton)) {
+        dragBy(event.globalPosition().toPoint() - pressedAt_);
+        return;
+    }
+    dragging_ = false;
+    const QPointF at = toControl(event.position());
+    form_.MouseMove(control_, buttonCodes(event.buttons()), shiftState(event.modifiers()),
+                    static_cast<Single>(at.x()), static_cast<Single>(at.y()));
+}
+
+void ControlFace::release(const QMouseEvent& event) {
+    dragging_ = false;
+    const QPointF at = toControl(event.position());
+    form_.MouseUp(control_, buttonCodes(event.button()), shiftState(event.modifiers()),
+                  static_cast<Single>(at.x()), static_cast<Single>(at.y()));
+    const bool clicked = pressed_ && event.button() == Qt::LeftButton;
+    if (clicked && widget_.rect().contains(event.position().toPoint()))
+        form_.Click(control_);
+}
+
+void ControlFace::beginDrag() {
+    dragging_ = true;
+    placeAtPress_ = placeOfDragged();
+}
+
+QPoint ControlFace::placeOfDragged() const {
+    return widget_.pos();
+}
+
+void ControlFace::dragBy(QPoint way) {
+    const QSize room = widget_.parentWidget()->size() - widget_.size();
+    const QPoint place = placeAtPress_ + way;
+    control_.Left = toTwips(std::clamp(place.x(), 0, std::max(0, room.width())));
+    control_.Top = toTwips(std::clamp(place.y(), 0, std::max(0, room.height())));
+}
+
+void ControlFace::offerDrop(QDragEnterEvent& event) {
+    if (!filesOf(event.mimeData()).empty())
+        event.acceptProposedAction();
+}
+
+void ControlFace::drop(QDropEvent& event) {
+    event.acceptProposedAction();
+    form_.OLEDragDrop(control_, filesOf(event.mimeData()));
+}
+
+}  // namespace quillon

@@ -1,0 +1,219 @@
+#include "desktop/FormWindow.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QMenuBar>
+#include <QWindow>
+
+#include "desktop/BrowserFace.h"
+#include "desktop/ControlFace.h"
+#include "desktop/Conversions.h"
+#include "desktop/FrameWidget.h"
+#include "desktop/KeyPreview.h"
+#include "desktop/LabMenus.h"
+#include "desktop/LampWidget.h"
+#include "desktop/QtScreen.h"
+#include "desktop/faces.h"
+
+namespace quillon {
+
+namespace {
+
+bool isTab(const Control& control) {
+    return control.Name.starts_with("lbTAB");
+}
+
+Qt::Alignment alignmentOf(const Control& control) {
+    return isTab(control) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+/// Only the image panels take files.
+bool takesFiles(const Control& control) {
+    return control.Name == "pb1" || control.Name == "pb4";
+}
+
+}  // namespace
+
+class FormWindow::Surface : public ControlFace {
+public:
+    Surface(FormWindow& window, QWidget& area)
+        : ControlFace(window.form_, window.form_, area), window_(window) {
+        area.setAutoFillBackground(true);
+    }
+
+protected:
+    void takeState() override {
+        QPalette palette = widget().palette();
+        palette.setColor(widget().backgroundRole(), toQColor(control().BackColor()));
+        widget().setPalette(palette);
+        const QString title = toQString(control().Caption.get());
+        window_.setWindowTitle(title.isEmpty() ? QStringLiteral("Quillon") : title);
+        window_.takePlace();
+        takePointer();
+    }
+    void dragBy(QPoint way) override { window_.move(placeAtPress() + way); }
+    QPoint placeOfDragged() const override { return window_.pos(); }
+
+private:
+    FormWindow& window_;
+};
+
+/// A timer that ticks through the event loop while its control is enabled.
+class FormWindow::TimerFace : public ControlWatcher {
+public:
+    TimerFace(Form1& form, Timer& timer) : timer_(timer) {
+        ticker_.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&ticker_, &QTimer::timeout, [&form] { form.Timer1_Timer(); });
+        timer_.watch(this);
+    }
+    TimerFace(const TimerFace&) = delete;
+    TimerFace& operator=(const TimerFace&) = delete;
+    ~TimerFace() override { timer_.watch(nullptr); }
+
+    void stale(Control& /*control*/) override {
+        ticker_.setInterval(timer_.Interval);
+        if (timer_.Enabled && !ticker_.isActive())
+            ticker_.start();
+        else if (!timer_.Enabled)
+            ticker_.stop();
+    }
+    void showNow(Control& control) override { stale(control); }
+
+private:
+    Timer& timer_;
+    QTimer ticker_;
+};
+
+FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser)
+    : form_(form), screen_(screen), bar_(new QMenuBar(this)), area_(new QWidget(this)) {
+    setObjectName(QStringLiteral("FormWindow"));
+    setFocusPolicy(Qt::StrongFocus);
+    menus_ = std::make_unique<LabMenus>(form_, *bar_);
+    surface_ = std::make_unique<Surface>(*this, *area_);
+    for (Control* control : form_.controls())
+        build(form_.rowOf(*control), *control, browser);
+    keys_ = std::make_unique<KeyPreview>(form_, *this);
+    screen_.setDragger([this](Control& control) { drag(control); });
+    form_.setHost(this);
+}
+
+FormWindow::~FormWindow() {
+    form_.setHost(nullptr);
+    screen_.setDragger({});
+}
+
+QWidget& FormWindow::parentWidgetOf(const Control& control) {
+    QWidget* parent = widgetOf(*form_.parentOf(control));
+    return parent != nullptr ? *parent : *area_;
+}
+
+QWidget* FormWindow::widgetOf(const Control& control) const {
+    if (&control == &form_)
+        return area_;
+    for (const auto& face : faces_)
+        if (&face->control() == &control)
+            return &face->widget();
+    return nullptr;
+}
+
+void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker& browser) {
+    QWidget& parent = parentWidgetOf(control);
+    QWidget* widget = nullptr;
+    switch (row.kind) {
+        case ControlKind::PictureBox: {
+            auto& panel = static_cast<PictureBox&>(control);
+            auto* panelWidget = new PanelWidget(panel, &parent);
+            panelWidget->setAcceptDrops(takesFiles(control));
+            faces_.push_back(std::make_unique<PanelFace>(form_, panel, *panelWidget));
+            widget = panelWidget;
+            break;
+        }
+        case ControlKind::Label: {
+            auto* label = new QLabel(&parent);
+            faces_.push_back(
+                std::make_unique<LabelFace>(form_, control, *label, alignmentOf(control)));
+            widget = label;
+            break;
+        }
+        case ControlKind::Frame:
+            widget = new FrameWidget(control, &parent);
+            faces_.push_back(std::make_unique<ControlFace>(form_, control, *widget));
+            break;
+        case ControlKind::Image:
+            widget = new LampWidget(&parent);
+            faces_.push_back(std::make_unique<ControlFace>(form_, control, *widget));
+            break;
+        case ControlKind::Shape:
+            static_cast<PanelWidget&>(parent).addShape(static_cast<Shape&>(control));
+            watchers_.push_back(std::make_unique<OverlayFace>(control, parent));
+            break;
+        case ControlKind::Line:
+            static_cast<PanelWidget&>(parent).addLine(static_cast<LineControl&>(control));
+            watchers_.push_back(std::make_unique<OverlayFace>(control, parent));
+            break;
+        case ControlKind::Timer:
+            watchers_.push_back(std::make_unique<TimerFace>(form_, static_cast<Timer&>(control)));
+            break;
+        case ControlKind::Browser:
+            watchers_.push_back(std::make_unique<BrowserFace>(static_cast<Browser&>(control),
+                                                              parent, std::move(browser)));
+            break;
+        case ControlKind::FileList:
+            // A helper of the batch run that nobody sees.
+            break;
+    }
+    if (widget != nullptr) {
+        widget->setAccessibleName(
+            toQString(*row.accessibleName != '\0' ? row.accessibleName : row.caption));
+        faces_.back()->stale(control);
+    }
+}
+
+void FormWindow::show() {
+    // What has been set before the window is on the screen is how it appears.
+    QCoreApplication::sendPostedEvents(surface_.get());
+    surface_->stale(form_);
+    switch (form_.WindowState) {
+        case kWindowMinimised:
+            showMinimized();
+            break;
+        case kWindowMaximised:
+            showMaximized();
+            break;
+        default:
+            showNormal();
+            break;
+    }
+    tellPlace();
+}
+
+void FormWindow::popupMenu(std::string_view title) {
+    menus_->menuOf(title).exec(QCursor::pos());
+}
+
+void FormWindow::unloaded() {
+    hide();
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    form_.unload();
+    event->accept();
+}
+
+void FormWindow::drag(Control& control) {
+    if (&control == &form_) {
+        // The window system moves a window best. Where it does not, the window
+        // follows the pointer like any control.
+        if (windowHandle() == nullptr || !windowHandle()->startSystemMove())
+            surface_->beginDrag();
+        return;
+    }
+    for (const auto& face : faces_)
+        if (&face->control() == &control)
+            face->beginDrag();
+}
+
+}  // namespace quillon

@@ -1,0 +1,76 @@
+#include <QMenuBar>
+#include <QResizeEvent>
+
+#include "desktop/Conversions.h"
+#include "desktop/FormWindow.h"
+
+// Where the window is and how large. Its object counts the frame in, as the
+// window system does for positions.
+
+namespace quillon {
+
+void FormWindow::layOut() {
+    const int barHeight = bar_->heightForWidth(width());
+    bar_->setGeometry(0, 0, width(), barHeight);
+    area_->setGeometry(0, barHeight, width(), std::max(0, height() - barHeight));
+    form_.resized(toTwips(area_->width()), toTwips(area_->height()));
+}
+
+void FormWindow::takePlace() {
+    const QRect wanted = placeOf(form_);
+    if (wanted.topLeft() != asked_.topLeft())
+        move(wanted.topLeft());
+    if (wanted.size() != asked_.size())
+        resize(wanted.size() - (frameGeometry().size() - size()));
+    asked_ = wanted;
+    if (!isVisible())
+        return;
+    const Qt::WindowStates kept = windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized);
+    if (form_.WindowState == kWindowMinimised)
+        setWindowState(kept | Qt::WindowMinimized);
+    else if (form_.WindowState == kWindowMaximised)
+        setWindowState(kept | Qt::WindowMaximized);
+    else
+        setWindowState(kept);
+}
+
+void FormWindow::tellPlace() {
+    const QRect frame = frameGeometry();
+    // The frame is known only when the window system has put one around the
+    // window; the size that was asked for counts it in.
+    if (!frameKnown_ && frame.size() != size()) {
+        frameKnown_ = true;
+        if (windowState() == Qt::WindowNoState && asked_.isValid()) {
+            resize(asked_.size() - (frame.size() - size()));
+            return;
+        }
+    }
+    asked_ = frame;
+    form_.Move(toTwips(frame.x()), toTwips(frame.y()), toTwips(frame.width()),
+               toTwips(frame.height()));
+}
+
+void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
+    layOut();
+    if (isVisible())
+        tellPlace();
+}
+
+void FormWindow::moveEvent(QMoveEvent* /*event*/) {
+    if (isVisible())
+        tellPlace();
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange) {
+        if (isMinimized())
+            form_.WindowState = kWindowMinimised;
+        else if (isMaximized())
+            form_.WindowState = kWindowMaximised;
+        else
+            form_.WindowState = kWindowNormal;
+    }
+    QWidget::changeEvent(event);
+}
+
+}  // namespace quillon

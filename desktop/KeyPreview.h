@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+#include <set>
+
+#include "ui/Form1.h"
+
+class QKeyEvent;
+class QWidget;
+
+namespace quillon {
+
+/// The window's key preview: it sees every key of the window before any control
+/// does, and hands it on as KeyDown, KeyPress and KeyUp.
+class KeyPreview : public QObject {
+public:
+    KeyPreview(Form1& form, QWidget& window);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    bool takes(const QObject* watched) const;
+    void press(const QKeyEvent& event);
+    void release(const QKeyEvent& event);
+    void releaseAll();
+
+    Form1& form_;
+    QWidget& window_;
+    std::set<Integer> held_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "ui/Form1.h"
+
+namespace quillon {
+
+/// The menu bar with its menus, built from the menu tables. What an entry shows
+/// is read back from the entry's state at all times; a choice goes to the click
+/// handler of its array.
+class LabMenus {
+public:
+    LabMenus(Form1& form, QMenuBar& bar);
+    ~LabMenus();
+
+    /// The menu that a title of the bar opens; throws RunTimeError
+    /// SubscriptOutOfRange for a title without a menu.
+    QMenu& menuOf(std::string_view title);
+
+private:
+    class EntryFace;
+
+    QMenu* build(MenuArray array, const QString& name, const QString& title);
+    void addEntry(QMenu& menu, MenuArray array, Integer index, const MenuEntryRow& row);
+
+    Form1& form_;
+    QMenuBar& bar_;
+    std::vector<std::unique_ptr<EntryFace>> faces_;
+    struct Title {
+        std::string_view name;
+        QMenu* menu;
+    };
+    std::vector<Title> titles_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+
+#include "app/Main.h"
+#include "desktop/FormWindow.h"
+#include "desktop/QtDialogs.h"
+#include "desktop/QtScreen.h"
+#include "ui/Form1.h"
+
+namespace quillon {
+
+/// Brings up the main window and keeps it to the end of the program.
+class LabWindow : public MainWindowOpener {
+public:
+    /// @param owned dialogs that belong to the window once it is there; may be none
+    LabWindow(Desktop& desktop, QtScreen& screen, QtDialogs* owned)
+        : desktop_(desktop), screen_(screen), owned_(owned) {}
+
+    void openMainWindow(const Folders& folders) override;
+
+    /// Only after openMainWindow was called, even if it has failed.
+    Form1& form() { return *form_; }
+    FormWindow& window() { return *window_; }
+    /// True once the session is closed, also where it closed during its opening.
+    bool isClosed() const { return form_ && form_->isUnloaded(); }
+    bool isOpened() const { return window_ && window_->isVisible(); }
+
+private:
+    Desktop& desktop_;
+    QtScreen& screen_;
+    QtDialogs* owned_;
+    std::unique_ptr<Form1> form_;
+    std::unique_ptr<FormWindow> window_;
+};
+
+}  // namespace quillon

@@ -1,0 +1,35 @@
+#include "desktop/faces.h"
+
+#include "desktop/Conversions.h"
+
+namespace quillon {
+
+PanelFace::PanelFace(Form1& form, PictureBox& panel, PanelWidget& widget)
+    : ControlFace(form, panel, widget), panel_(panel), panelWidget_(widget) {}
+
+QPointF PanelFace::toControl(QPointF position) const {
+    constexpr Integer kPixelScale = 3;
+    if (panel_.ScaleMode != kPixelScale)
+        return ControlFace::toControl(position);
+    return panelWidget_.panelPixel(position);
+}
+
+LabelFace::LabelFace(Form1& form, Control& label, QLabel& widget, Qt::Alignment alignment)
+    : ControlFace(form, label, widget), label_(widget) {
+    label_.setTextFormat(Qt::PlainText);
+    label_.setAlignment(alignment);
+}
+
+void LabelFace::takeState() {
+    const Control& state = control();
+    label_.setText(toQString(state.Caption.get()));
+    label_.setFont(toQFont(state.FontName, state.FontSize, state.FontBold));
+    label_.setAutoFillBackground(state.BackStyle == 1);
+    QPalette palette = label_.palette();
+    palette.setColor(label_.backgroundRole(), toQColor(state.BackColor()));
+    palette.setColor(label_.foregroundRole(), toQColor(state.ForeColor));
+    label_.setPalette(palette);
+    ControlFace::takeState();
+}
+
+}  // namespace quillon

@@ -1,0 +1,94 @@
+#include "tests/desktop/OpenedWindow.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+#include <cmath>
+#include <stdexcept>
+
+#include "desktop/Conversions.h"
+
+namespace quillon {
+
+namespace {
+
+/// The whole point whose pixel holds `at`.
+QPoint whole(QPointF at) {
+    return {static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y()))};
+}
+
+}  // namespace
+
+void OpenedWindow::open() {
+    lab = std::make_unique<LabWindow>(desktop, services.screen, nullptr);
+    Main(desktop, *lab);
+    settle();
+}
+
+QWidget& OpenedWindow::widget(const char* name) {
+    auto* found = window().findChild<QWidget*>(QString::fromLatin1(name));
+    if (found == nullptr)
+        throw std::invalid_argument(std::string("no widget is called ") + name);
+    return *found;
+}
+
+PanelWidget& OpenedWindow::panel(const char* name) {
+    return dynamic_cast<PanelWidget&>(widget(name));
+}
+
+void OpenedWindow::press(QWidget& widget, QPointF at, Qt::MouseButton button,
+                         Qt::KeyboardModifiers modifiers) {
+    QTest::mousePress(window().windowHandle(), button, modifiers,
+                      widget.mapTo(&window(), whole(at)));
+}
+
+void OpenedWindow::move(QWidget& widget, QPointF at, Qt::KeyboardModifiers modifiers) {
+    // The toolkit's own helper knows no modifiers at a move.
+    const QPoint there = widget.mapTo(&window(), whole(at));
+    if (modifiers == Qt::NoModifier) {
+        QTest::mouseMove(window().windowHandle(), there);
+    } else {
+        QMouseEvent event(QEvent::MouseMove, at, window().mapToGlobal(there), Qt::NoButton,
+                          Qt::NoButton, modifiers);
+        QApplication::sendEvent(&widget, &event);
+    }
+}
+
+void OpenedWindow::release(QWidget& widget, QPointF at, Qt::MouseButton button,
+                           Qt::KeyboardModifiers modifiers) {
+    QTest::mouseRelease(window().windowHandle(), button, modifiers,
+                        widget.mapTo(&window(), whole(at)));
+}
+
+void OpenedWindow::click(QWidget& widget) {
+    const QPointF middle = QRectF(widget.rect()).center();
+    press(widget, middle);
+    release(widget, middle);
+    settle();
+}
+
+void OpenedWindow::doubleClick(QWidget& widget, QPointF at) {
+    QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {},
+                       widget.mapTo(&window(), whole(at)));
+    settle();
+}
+
+void OpenedWindow::settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents();
+}
+
+void OpenedWindow::whenPopup(std::function<void(QMenu&)> act) {
+    QTimer::singleShot(0, qApp, [act = std::move(act)] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr)
+            ADD_FAILURE() << "no menu has popped up";
+        else
+            act(*menu);
+        if (menu != nullptr)
+            menu->close();
+    });
+}
+
+}  // namespace quillon

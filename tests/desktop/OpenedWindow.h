@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "desktop/LabWindow.h"
+#include "desktop/PanelWidget.h"
+#include "desktop/QtDesktop.h"
+#include "tests/desktop/EnvironmentVariable.h"
+#include "tests/support/RecordingDesktop.h"
+
+namespace quillon {
+
+/// The whole program's window in a home of its own, opened as the program opens
+/// it. Dialogs and the starting of other programs are recorded; every other
+/// service is the real one.
+class OpenedWindow : public ::testing::Test {
+protected:
+    OpenedWindow() = default;
+    void SetUp() override { open(); }
+
+    /// Opens the window; the first one is closed without its session's closing.
+    void open();
+
+    Form1& form() { return lab->form(); }
+    FormWindow& window() { return lab->window(); }
+    QWidget& widget(const char* name);
+    PanelWidget& panel(const char* name);
+
+    // Real events of the window system.
+    void press(QWidget& widget, QPointF at, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = {});
+    void move(QWidget& widget, QPointF at, Qt::KeyboardModifiers modifiers = {});
+    void release(QWidget& widget, QPointF at, Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers modifiers = {});
+    void click(QWidget& widget);
+    void doubleClick(QWidget& widget, QPointF at);
+    /// The middle of a panel pixel as a point of the panel's widget.
+    QPointF pixel(PanelWidget& panel, int x, int y) { return panel.pointOf({x, y}); }
+
+    /// Lets the window catch up with what its object says.
+    void settle();
+    /// Calls `act` while the next pop-up menu is open.
+    void whenPopup(std::function<void(QMenu&)> act);
+
+    QTemporaryDir home;
+    EnvironmentVariable homeFolder{"HOME", home.path()};
+    EnvironmentVariable settings{"XDG_CONFIG_HOME", home.filePath(QStringLiteral(".config"))};
+    EnvironmentVariable caches{"XDG_CACHE_HOME", home.filePath(QStringLiteral(".cache"))};
+    EnvironmentVariable temporary{"TMP"};
+    RecordingDesktop recording;
+    QtDesktop services{FileDialogStyle::Toolkit};
+    Desktop desktop{recording.dialogs, services.pictures, services.clipboard, services.text,
+                    services.printer,  recording.shell,   services.screen,    services.environment,
+                    services.store,    services.files};
+    std::unique_ptr<LabWindow> lab;
+};
+
+}  // namespace quillon
