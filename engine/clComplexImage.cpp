@@ -17,8 +17,8 @@ constexpr Integer kNegativeImaginary = 209;
 
 }  // namespace
 
-clComplexImage::clComplexImage(Desktop& desktop, MaskPainter& masks)
-    : desktop_(desktop), masks_(masks) {
+clComplexImage::clComplexImage(Desktop& desktop, MaskPainter& masks, Rnd& rnd)
+    : desktop_(desktop), masks_(masks), rnd_(rnd) {
     class_initialize();
 }
 

@@ -12,6 +12,7 @@
 #include "engine/Grid.h"
 #include "engine/Numbers.h"
 #include "engine/PictureBox.h"
+#include "engine/Rnd.h"
 #include "engine/RunTimeError.h"
 
 namespace quillon {
@@ -66,7 +67,8 @@ struct SpectrumLook;
 /// An operation that needs one before it is bound throws ObjectNotSet.
 class clComplexImage {
 public:
-    clComplexImage(Desktop& desktop, MaskPainter& masks);
+    /// Both channels are given the same random numbers.
+    clComplexImage(Desktop& desktop, MaskPainter& masks, Rnd& rnd);
     clComplexImage(const clComplexImage&) = delete;
     clComplexImage& operator=(const clComplexImage&) = delete;
 
@@ -220,6 +222,7 @@ private:
 
     Desktop& desktop_;
     MaskPainter& masks_;
+    Rnd& rnd_;
 
     std::array<bool, 3> bInvert{};
     bool bImageInverted = false;

@@ -57,11 +57,12 @@ struct Form1::Parts {
     std::vector<Entry> controls;
     std::array<std::vector<std::unique_ptr<MenuItem>>, kMenuArrayCount> menus;
     std::vector<std::unique_ptr<MenuItem>> titles;
+    Rnd rnd;
     clComplexImage channel1;
     clComplexImage channel2;
 
     Parts(Desktop& desktop, MaskPainter& masks)
-        : channel1(desktop, masks), channel2(desktop, masks) {
+        : channel1(desktop, masks, rnd), channel2(desktop, masks, rnd) {
         for (const ControlRow& row : controlTable())
             controls.push_back({&row, place(row)});
         for (int array = 0; array < kMenuArrayCount; ++array)

@@ -21,7 +21,8 @@ class NewChannel : public testing::Test {
 protected:
     RecordingDesktop desktop;
     RecordingMaskPainter masks{desktop.log};
-    clComplexImage channel{desktop.desktop(), masks};
+    Rnd rnd;
+    clComplexImage channel{desktop.desktop(), masks, rnd};
 };
 
 TEST_F(NewChannel, IsInTheSquareRootScaleWithoutFactorsOrMasks) {
@@ -133,7 +134,8 @@ TEST_F(NewChannel, ATextWithoutALabelAndAFileWithoutAPanelAreErrors) {
 TEST(BoundChannel, TheBindingMakesEachPanelPersistentAndCountedInPixels) {
     RecordingDesktop desktop;
     RecordingMaskPainter masks{desktop.log};
-    clComplexImage channel{desktop.desktop(), masks};
+    Rnd rnd;
+    clComplexImage channel{desktop.desktop(), masks, rnd};
     PictureBox panels[] = {{"pb4", 256, 256}, {"pb5", 256, 256}, {"pb6", 256, 256}};
     for (PictureBox& panel : panels) {
         panel.setAutoRedraw(false);
@@ -177,7 +179,7 @@ TEST(BoundChannel, ATextIsWrittenAndShownAtOnce) {
 TEST(BoundChannel, BothChannelsWriteIntoTheSameCellAndTheLaterTextStands) {
     ChannelUnderTest first;
     RecordingDesktop desktop;
-    clComplexImage second{desktop.desktop(), first.masks};
+    clComplexImage second{desktop.desktop(), first.masks, first.rnd};
     second.SetMessageLabel(first.lbSTB);
     first.channel.Msg("one");
     second.Msg("two");

@@ -158,7 +158,7 @@ protected:
     }
 
     ChannelUnderTest lab;
-    clComplexImage channel{lab.desktop.desktop(), lab.masks};
+    clComplexImage channel{lab.desktop.desktop(), lab.masks, lab.rnd};
 };
 
 TEST_F(TableSetting, NoTableIsInForceBeforeTheFirstSetting) {

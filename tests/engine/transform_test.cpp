@@ -244,7 +244,8 @@ TEST(ForwardTransform, TheSideIs256WhateverWasSet) {
 TEST(ForwardTransform, AChannelWithoutADimensionRunsToItsEnd) {
     RecordingDesktop desktop;
     RecordingMaskPainter masks{desktop.log};
-    clComplexImage channel{desktop.desktop(), masks};
+    Rnd rnd;
+    clComplexImage channel{desktop.desktop(), masks, rnd};
     channel.CalculateAll();
     EXPECT_EQ(desktop.screen.pointers, (std::vector<Integer>{11, 0, 11, 0}));
     EXPECT_EQ(channel.spectrum().xBound(), 256);
@@ -339,7 +340,7 @@ public:
 TEST(FailureInARun, IsPassedOverAndThePointerComesBack) {
     ChannelUnderTest lab;
     ThrowingMaskPainter masks;
-    clComplexImage channel{lab.desktop.desktop(), masks};
+    clComplexImage channel{lab.desktop.desktop(), masks, lab.rnd};
     channel.SetMessageLabel(lab.lbSTB);
     channel.SetCanvas(lab.pb1, lab.pb2, lab.pb3, 1);
     channel.SetDimensionFFT(256);

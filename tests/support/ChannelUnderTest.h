@@ -46,7 +46,8 @@ public:
     PictureBox pb2{"pb2", 256, 256};
     PictureBox pb3{"pb3", 256, 256};
     Label lbSTB{"lbSTB(2)"};
-    clComplexImage channel{desktop.desktop(), masks};
+    Rnd rnd;
+    clComplexImage channel{desktop.desktop(), masks, rnd};
 
     /// Puts grey levels on the image panel.
     void show(const std::function<int(int x, int y)>& grey) { lay(pb1, grey); }

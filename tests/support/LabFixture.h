@@ -45,8 +45,9 @@ protected:
 
     RecordingDesktop desktop;
     RecordingMasks masks{desktop.calls};
-    clComplexImage channel1{desktop.desktop(), masks};
-    clComplexImage channel2{desktop.desktop(), masks};
+    Rnd rnd;
+    clComplexImage channel1{desktop.desktop(), masks, rnd};
+    clComplexImage channel2{desktop.desktop(), masks, rnd};
     PictureBox pb1{"pb1", 256, 256};
     PictureBox pb2{"pb2", 256, 256};
     PictureBox pb3{"pb3", 256, 256};
