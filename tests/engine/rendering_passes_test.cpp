@@ -124,12 +124,16 @@ TEST_P(EveryLook, OfAnotherSizeIsThatOfTheSlowRenderer) {
 
 TEST_P(EveryLook, OverflowsWhereAFactorIsTooLargeAndNotesTheCellsBefore) {
     slow::Look look = lookOf(GetParam());
-    look.ifacSqrt = 3e38F;
-    look.ifacLinear = 3e38F;
-    SCOPED_TRACE(nameOf(look));
     const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    // From all cells too large to only the few strongest.
+    for (const Single factor : {3e38F, 2e37F, 1.7e37F, 1.7e36F, 1.4e36F, 7.5e34F}) {
+        look.ifacSqrt = factor;
+        look.ifacLinear = factor;
+        SCOPED_TRACE(nameOf(look) + ", factor " + std::to_string(factor));
+        expectSameSpectrum(data, 256, 256, look);
+    }
+    look.ifacSqrt = look.ifacLinear = 3e38F;
     EXPECT_TRUE(drawFast(data, 256, 256, look).overflow);
-    expectSameSpectrum(data, 256, 256, look);
 }
 
 TEST_P(EveryLook, OfAReconstructionIsThatOfTheSlowRenderer) {
@@ -225,6 +229,13 @@ TEST(SpectrumLevels, InTheSquareRootScaleAWeakCellIsBlackRatherThanLifted) {
     // 0.99 of a level, one of 4 gives 1.02 and its root.
     EXPECT_EQ(levelBeside(1e6F, 3.9F, look), 0);
     EXPECT_EQ(levelBeside(1e6F, 4.0F, look), 50);
+}
+
+TEST(SpectrumLevels, InTheSquareRootScaleAQuotientOfExactlyOneIsNotYetBlack) {
+    slow::Look look = lookOf(0);
+    look.ifacSqrt = 50;
+    EXPECT_EQ(levelBeside(65025.0F, 1.0F, look), 50);
+    EXPECT_EQ(levelBeside(65025.0F, 0.9999F, look), 0);
 }
 
 TEST(SpectrumLevels, HalvesGoToTheEvenLevel) {

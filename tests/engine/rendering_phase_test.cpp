@@ -4,6 +4,8 @@
 
 #include "engine/clComplexImage.h"
 #include "engine/mFFTUTIL.h"
+#include "tests/support/slow_renderer.h"
+#include "tests/support/spectra.h"
 
 namespace quillon {
 namespace {
@@ -47,6 +49,16 @@ TEST(Phase, IsInDegreesAsASingle) {
     EXPECT_EQ(PhaseDeg(-1, 0), 180.0F);
     EXPECT_EQ(PhaseDeg(0, -1), 270.0F);
     EXPECT_EQ(PhaseDeg(3, 4), static_cast<Single>(std::atan(4.0 / 3) / 0.017453292519943278));
+}
+
+TEST(Phase, IsDividedInDoublesAndRoundedOnce) {
+    constexpr std::uint32_t kSeed = 31;
+    SCOPED_TRACE(testing::Message() << "seed " << kSeed);
+    const Grid<ComplexCell> cells = randomSpectrum(100, 100, kSeed);
+    for (Long u = 0; u < 100; ++u)
+        for (Long v = 0; v < 100; ++v)
+            ASSERT_EQ(PhaseDeg(cells(u, v).re, cells(u, v).im),
+                      slow::phaseDegrees(cells(u, v).re, cells(u, v).im));
 }
 
 TEST(Phase, JustBelowTheAxisReachesAFullTurnAndNoMore) {

@@ -88,6 +88,8 @@ TEST(ForwardTransform, InABatchLeavesTheReconstruction) {
     lab.channel.runFOURN(1);
     EXPECT_EQ(lab.count("showNow pb3"), 0);
     EXPECT_EQ(lab.channel.reconstruction()(5, 5).re, 0);
+    EXPECT_EQ(lab.pb1.Tag, "!");
+    EXPECT_EQ(lab.pb2.Tag, "!");
     EXPECT_EQ(lab.pb3.Tag, "");
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <numbers>
 #include <random>
 
 namespace quillon {
@@ -77,6 +78,20 @@ std::vector<NamedSpectrum> spectraToRender(std::uint32_t seed) {
         return cell(kTiny * (static_cast<int>(random() % 9) - 4),
                     kTiny * (static_cast<int>(random() % 9) - 4));
     });
+    // A hair to either side of the borders between two hues, and between two
+    // greys of a range of 0.7342: what is rounded where decides them.
+    add("phases at the borders of the hues" + tail, [&](Long u, Long) {
+        const double angle = (static_cast<double>(u % 239) + 0.5) * 1.506 * std::numbers::pi / 180;
+        const double size = 1 + static_cast<double>(random() % 100000);
+        return cell(size * std::cos(angle), size * std::sin(angle));
+    });
+    add("greys at their borders", [&](Long u, Long v) {
+        const double border = 0.7342F * (u == 255 ? 255.0 : static_cast<double>(u) + 0.5) / 255;
+        const double hair = u == 255 ? 0 : 6e-8 * static_cast<double>(v - 128) / 16;
+        return cell(border * (1 + hair), 0);
+    });
+    add("odd greys of a double range",
+        [](Long u, Long v) { return cell(static_cast<double>((u * 256 + v) % 511), 0); });
     add("all zero", [](Long, Long) { return ComplexCell{}; });
     add("only the zero frequency",
         [](Long u, Long v) { return u + v == 0 ? cell(255, 0) : ComplexCell{}; });
