@@ -1,25 +1,14 @@
 #include <cmath>
 
+#include "analysis/centred_cell.h"
 #include "engine/NumberText.h"
-#include "engine/RunTimeError.h"
 #include "engine/clComplexImage.h"
 
 namespace quillon {
 
-namespace {
-
-/// The cell that a panel position reads: the panel has the zero frequency in
-/// the middle, the spectrum at 0. A tie goes to the even cell.
-Long cellAt(Long side, Single position) {
-    if (side == 0)
-        throw RunTimeError(ErrorNumber::DivisionByZero);
-    return remainder(toLong(static_cast<Double>(side) / 2 + static_cast<Double>(position)), side);
-}
-
-}  // namespace
-
 std::string clComplexImage::getVXY(Single x, Single y) const {
-    const ComplexCell& cell = ftData.at(cellAt(nfftX, x), cellAt(nfftY, y));
+    const ComplexCell& cell = ftData.at(centredCell(nfftX, static_cast<Double>(x)),
+                                        centredCell(nfftY, static_cast<Double>(y)));
     const Double re = cell.re;
     const Double im = cell.im;
     switch (mView) {

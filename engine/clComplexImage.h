@@ -179,6 +179,12 @@ public:
     /// Sets the factor of the scale in force, at least 0.05, and redraws.
     void setIntFac(Single v);
 
+    /// Magnitudes of the spectrum row that the FT panel shows at y, one for each
+    /// panel column, into v(0) on; vmax is raised to the greatest of them, and a
+    /// vmax that is then 0 becomes 1. Paints the 51 by 51 pixels of the FT panel
+    /// around (x, y) magnified over the image panel, on `ground` where they reach
+    /// off it. Throws SubscriptOutOfRange for a shorter v.
+    void GetProfile(std::span<Single> v, Single& vmax, Single x, Single y, ColorValue ground);
     /// The spectrum as a relief on the reconstruction panel.
     void draw3DFT();
 
