@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <span>
 #include <string>
@@ -251,6 +252,22 @@ public:
     /// dy pixels, and shows it. Both lie within one panel size.
     void ShiftPanel(Single dx, Single dy, PictureBox& pb);
 
+    // --- Drawing tools (Form1_image_panels.cpp, Form1_drawing.cpp)
+    /// End of the last stroke segment, and where the button went down.
+    Single strokeLastX = 0;
+    Single strokeLastY = 0;
+    Single strokeStartX = 0;
+    Single strokeStartY = 0;
+    /// One table for both channels: lattice[0][0] is the count of points set, 0
+    /// to 3; cells 1 to 3 of the rows hold x and y of P0, P1 and P2.
+    std::array<std::array<Single, 4>, 2> lattice{};
+    /// For panel id p: x and y of the press, then x and y of the latest move.
+    std::array<std::array<Integer, 4>, 7> dragXY{};
+    /// The last grid pattern code entered.
+    std::string gridCode;
+    void DrawStrokeTo(PictureBox& pb, Single X, Single Y);
+    void DrawLatticePoints(PictureBox& pb);
+
     /// The image panel moved by the keyboard whose transform waits for a key's release.
     Integer pendingShiftPanel = 0;
     /// The batch stops after the image in progress.
@@ -299,6 +316,15 @@ private:
     void popupPanelMenu(std::string_view title);
     /// "[x,y]  M=grey" of what a panel shows, in the pointer cell.
     void showGrey(const PictureBox& panel, Single X, Single Y);
+    void drawingMenu(Channel which, Integer Index);
+    void wipeForLattice(Channel which);
+    void setLatticeInks(Channel which);
+    void beginLattice(Channel which, Single X, Single Y);
+    void setLatticePoint(Channel which, Single X, Single Y);
+    void stretchLattice(PictureBox& pb, Single X, Single Y);
+    void ShowLatticeReadout(Single X, Single Y);
+    void beginRoll(Integer panel, Single X, Single Y);
+    void rollTo(Integer panel, Single X, Single Y);
     void rollByKey(Channel which, Integer KeyCode);
     void showProfileLines(bool visible);
     void followRing(Channel which, Single X, Single Y);

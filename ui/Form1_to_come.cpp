@@ -54,10 +54,6 @@ void Form1::CopyData(Channel /*which*/) {
     sayNotThere(*this, "Export Data");
 }
 
-void Form1::ShowProfile(Integer /*panel*/, Single /*x*/, Single /*y*/) {
-    sayNotThere(*this, "Line Profile");
-}
-
 void Form1::LoadScriptCommand(const std::string& /*file*/) {
     sayNotThere(*this, "Load Script");
 }
@@ -76,18 +72,6 @@ void Form1::ResetForScript() {
 
 void Form1::BatchCommand() {
     sayNotThere(*this, "Batch Processing");
-}
-
-void Form1::mnuImg1b(Integer /*Index*/) {
-    sayNotThere(*this, "Drawing");
-}
-
-void Form1::mnuImg2b(Integer /*Index*/) {
-    sayNotThere(*this, "Drawing");
-}
-
-void Form1::GridPatternCommand(Integer /*p*/) {
-    sayNotThere(*this, "Grid Pattern");
 }
 
 void Form1::ShowHelp(Integer /*id*/) {

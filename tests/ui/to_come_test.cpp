@@ -18,8 +18,6 @@ const ToCome kToCome[] = {
     {mnuImg1a, 10, "Histogram is not there yet"},
     {mnuImg1a, 14, "Convolution is not there yet"},
     {mnuImg2a, 15, "Deconvolution is not there yet"},
-    {mnuImg1b, 0, "Drawing is not there yet"},
-    {mnuImg2b, 3, "Drawing is not there yet"},
     {mnuFT2a, 17, "Export Data is not there yet"},
     {itmFile, 3, "Batch Processing is not there yet"},
     {itmSCR, 0, "Load Script is not there yet"},
