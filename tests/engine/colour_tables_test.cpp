@@ -125,10 +125,10 @@ TEST(ColourModel, TheColoursThatTellSinglesFromDoublesAreThoseOfSingles) {
 }
 
 TEST(ColourBytes, AreNamedForColourValuesSoThatOnAPixelWordRedGivesBlue) {
-    constexpr PixelWord orange = word(250, 120, 3);
-    EXPECT_EQ(RedByte(orange), 3);
-    EXPECT_EQ(GreenByte(orange), 120);
-    EXPECT_EQ(BlueByte(orange), 250);
+    constexpr PixelWord kOrange = word(250, 120, 3);
+    EXPECT_EQ(RedByte(kOrange), 3);
+    EXPECT_EQ(GreenByte(kOrange), 120);
+    EXPECT_EQ(BlueByte(kOrange), 250);
     EXPECT_EQ(RedByte(RGB(250, 120, 3).value), 250);
 }
 
