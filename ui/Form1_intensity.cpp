@@ -27,10 +27,10 @@ constexpr const char* kHeld = "+-";
 }  // namespace
 
 void Form1::intensityMouseDown(Channel which, Integer index, Integer Button) {
-    if (Button == kRightButton) {
+    if (Button == kRightButton)
         askIntensityFactor(which);
+    if (Button != kLeftButton && Button != kMiddleButton)
         return;
-    }
     const auto& step = kSteps[(which == Channel::One ? 0 : 2) + index];
     Timer1.Tag = step.tag;
     // Channel 2 makes no step at the press itself: only the timer steps it, so

@@ -70,6 +70,12 @@ TEST_F(IntensityControls, TheMiddleButtonStepsLikeTheLeft) {
     EXPECT_EQ(factor1(), "111.0 (linear)");
 }
 
+TEST_F(IntensityControls, AFurtherButtonOfTheMouseDoesNothing) {
+    hold(form.lbBR1(1), 8);
+    EXPECT_EQ(factor1(), "1.00 (sqrt)");
+    EXPECT_FALSE(form.Timer1.Enabled);
+}
+
 TEST_F(IntensityControls, TheTimersTagNamesWhatItRepeats) {
     const std::pair<Label*, const char*> tags[] = {
         {&form.lbBR1(0), "1"}, {&form.lbBR1(1), "2"}, {&form.lbBR2(0), "3"}, {&form.lbBR2(1), "4"}};

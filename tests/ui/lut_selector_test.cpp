@@ -73,6 +73,14 @@ TEST_F(LutSelector, TheSamplesStayWhenTheButtonIsPaintedAgain) {
     EXPECT_EQ(samples(), samplesOfRow(3));
 }
 
+TEST_F(LutSelector, TheButtonShowsItsSamplesAtOnce) {
+    RecordingWatcher watcher;
+    form.btLUT.watch(&watcher);
+    form.SelectLutRow(2);
+    EXPECT_EQ(watcher.count("showNow btLUT"), 1);
+    EXPECT_EQ(watcher.log.back(), "showNow btLUT");
+}
+
 TEST_F(LutSelector, TheRowOfTheSettingsRedrawsNothing) {
     const Bitmap before = form.pb2.Image();
     form.SelectLutRow(4);

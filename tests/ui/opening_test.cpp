@@ -106,7 +106,30 @@ TEST_F(Opening, TheWindowIsUpBeforeTheFirstPictureIsLoaded) {
     EXPECT_EQ(loadedAtShow, 0U);
     EXPECT_EQ(stateAtShow, kWindowMaximised);
     EXPECT_EQ(host.shows, 1);
+    EXPECT_EQ(desktop.screen.yields, 1);
     EXPECT_EQ(loads().size(), 2U);
+}
+
+TEST_F(Opening, WhenTheWindowComesUpRingsLieOnTheCentreAndTheMirrorIsSet) {
+    host.onShow = [&] {
+        EXPECT_TRUE(form.lab.autoCalculate);
+        for (Integer i = 0; i <= 1; ++i) {
+            EXPECT_EQ(form.shp1(i).Left, 127.5F);
+            EXPECT_EQ(form.shp1(i).Top, 127.5F);
+        }
+    };
+    open();
+    EXPECT_EQ(host.shows, 1);
+    EXPECT_EQ(form.shp1(0).Left, 122.5F);
+}
+
+TEST_F(Opening, AWindowThatIsClosedWhileItOpensSavesOnceAndFinishesItsOpening) {
+    desktop.screen.nextYields.push_back([&] { form.unload(); });
+    form.Form_Load();
+    EXPECT_TRUE(form.isUnloaded());
+    EXPECT_EQ(host.unloads, 1);
+    EXPECT_EQ(stored("WNDO"), "0 0 12900 10500 0");
+    EXPECT_EQ(form.pb6.Tag, "!");
 }
 
 TEST_F(Opening, BothChannelsShowTheirSamplesWithSpectrumAndReconstruction) {
@@ -128,8 +151,10 @@ TEST_F(Opening, BothChannelsReportToTheOneMessageCell) {
     EXPECT_EQ(status(2), "from two");
 }
 
-TEST_F(Opening, PanelsCountAs256By256) {
+TEST_F(Opening, PanelsCountAs256By256WhateverTheirScale) {
+    form.pb1.Move(105, 240, 3030, 3030);
     open();
+    EXPECT_EQ(form.pb1.ScaleWidth(), 200);
     EXPECT_EQ(form.panelW, 256);
     EXPECT_EQ(form.panelH, 256);
 }

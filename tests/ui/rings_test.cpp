@@ -48,13 +48,13 @@ TEST_F(FilterRings, RadiiAreRoundedUpToTheNextHalf) {
 }
 
 TEST_F(FilterRings, OddnessIsJudgedByTheWholeNumberPartOfTheHeight) {
-    // 2 * 5.2 is 10.4, whose whole part is even, so 1 is added; 2 * 5.7 is 11.4
+    // 2 * 5.3 is 10.6, whose whole part is even, so 1 is added; 2 * 5.8 is 11.6
     // and stays, a fraction and all.
-    form.SetFilterRing(0, 5.2F);
-    EXPECT_EQ(form.shp1(0).Height, 10.4F + 1);
-    form.SetFilterRing(0, 5.7F);
-    EXPECT_EQ(form.shp1(0).Height, 11.4F);
-    EXPECT_EQ(form.shp1(0).Tag, "5.7");
+    form.SetFilterRing(0, 5.3F);
+    EXPECT_EQ(form.shp1(0).Height, 10.6F + 1);
+    form.SetFilterRing(0, 5.8F);
+    EXPECT_EQ(form.shp1(0).Height, 11.6F);
+    EXPECT_EQ(form.shp1(0).Tag, "5.8");
 }
 
 TEST_F(FilterRings, ZeroIsChannelOneAndAnythingElseChannelTwo) {
