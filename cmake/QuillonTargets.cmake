@@ -15,7 +15,8 @@ target_include_directories(quillon_options INTERFACE
 # quillon_library(NAME [FOLDERS folder...] [LINK library...]): a static library
 # of all sources in the given folders of the project (by default the current
 # one) and their sub-folders. Kernels named for an instruction set are compiled
-# for it, and only they are.
+# for it, and only they are; they are vectors already, which a vectoriser can only
+# shuffle.
 function(quillon_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FOLDERS;LINK")
   if(NOT arg_FOLDERS)
@@ -38,9 +39,10 @@ function(quillon_library name)
   foreach(source IN LISTS sources)
     if(source MATCHES "_avx512\\.cpp$")
       set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS
-        "-mavx512f;-mavx512vl;-mavx512dq;-mavx512bw;-mavx2;-mfma")
+        "-mavx512f;-mavx512vl;-mavx512dq;-mavx512bw;-mavx2;-mfma;-fno-tree-vectorize")
     elseif(source MATCHES "_avx2\\.cpp$")
-      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS "-mavx2;-mfma")
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS
+        "-mavx2;-mfma;-fno-tree-vectorize")
     endif()
   endforeach()
 endfunction()
