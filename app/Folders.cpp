@@ -5,17 +5,6 @@
 
 namespace quillon {
 
-namespace {
-
-std::string withoutOuterBlanks(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-}  // namespace
-
 Folders deriveFolders(Environment& environment) {
     const std::string applicationData = withoutOuterBlanks(environment.applicationDataFolder());
     const std::string program = environment.programFolder();

@@ -99,14 +99,6 @@ std::string askWhereToSave(Lab& lab) {
     return lab.ComFile.FileName;
 }
 
-std::string upperCased(std::string_view text) {
-    std::string upper(text);
-    for (char& letter : upper)
-        if (letter >= 'a' && letter <= 'z')
-            letter = static_cast<char>(letter - 'a' + 'A');
-    return upper;
-}
-
 std::string upperCasedEnd(const std::string& file, std::size_t length) {
     return upperCased(std::string_view(file).substr(file.size() - MinOf(file.size(), length)));
 }

@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "engine/Color.h"
@@ -64,6 +65,10 @@ bool FileExists(Files& files, const std::string& path);
 bool FolderExists(Files& files, const std::string& path);
 /// Starts the user's browser; failures are ignored.
 void OpenInBrowser(Shell& shell, const std::string& address);
+/// Without the blanks (the character 32 only) at both ends.
+std::string withoutOuterBlanks(std::string_view text);
+/// ASCII letters in upper case, all other bytes as they are.
+std::string upperCased(std::string_view text);
 /// The words of a text between runs of blanks (the character 32 only). A text
 /// without words gives one empty word.
 std::vector<std::string> SplitWords(const std::string& text);

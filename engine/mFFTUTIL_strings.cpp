@@ -21,6 +21,20 @@ std::string FolderPart(const std::string& path) {
     return last == std::string::npos ? path : path.substr(0, last + 1);
 }
 
+std::string withoutOuterBlanks(std::string_view text) {
+    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
+    const std::size_t last = text.find_last_not_of(' ');
+    return std::string(text.substr(first, last - first + 1));
+}
+
+std::string upperCased(std::string_view text) {
+    std::string upper(text);
+    for (char& letter : upper)
+        if (letter >= 'a' && letter <= 'z')
+            letter = static_cast<char>(letter - 'a' + 'A');
+    return upper;
+}
+
 void AppendWord(Long& counter, std::vector<std::string>& words, const std::string& word) {
     if (counter < -1)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);

@@ -1,9 +1,9 @@
-#include <algorithm>
 #include <exception>
 #include <string_view>
 
 #include "app/image_io.h"
 #include "app/printing.h"
+#include "engine/mFFTUTIL.h"
 #include "ui/Form1.h"
 
 // Pictures into and out of the panels: the window's routines hand on to app/.
@@ -14,16 +14,6 @@ namespace {
 
 constexpr std::string_view kScriptExtension = ".FTSCR";
 constexpr std::string_view kMaskExtension = ".FTMSK";
-
-bool endsWith(const std::string& file, std::string_view upperCasedExtension) {
-    if (file.size() < upperCasedExtension.size())
-        return false;
-    const std::string_view end =
-        std::string_view(file).substr(file.size() - upperCasedExtension.size());
-    return std::ranges::equal(end, upperCasedExtension, [](char letter, char upper) {
-        return (letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter) == upper;
-    });
-}
 
 }  // namespace
 
@@ -67,9 +57,9 @@ void Form1::OLEDragDrop(Control& where, const std::vector<std::string>& files) {
     try {
         if (isPictureFile(file))
             dropImage(lab, which, file);
-        if (endsWith(file, kScriptExtension))
+        if (upperCased(file).ends_with(kScriptExtension))
             ReadScript(file);
-        if (endsWith(file, kMaskExtension))
+        if (upperCased(file).ends_with(kMaskExtension))
             dropMaskFile(file, spectrumPanelId(which));
     } catch (const std::exception&) {
         // A drop that fails is abandoned without a message, as a load is.

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "engine/mFFTUTIL.h"
 #include "ui/Form1.h"
 
@@ -67,11 +65,7 @@ void noticeMissingFolders(Desktop& desktop, const Folders& folders) {
 std::string startScript(Desktop& desktop) {
     std::string line = desktop.environment.commandLine();
     std::erase(line, '"');
-    std::string upper = line;
-    std::ranges::transform(upper, upper.begin(), [](char letter) {
-        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-    });
-    const bool script = upper.find(".FTSCR") != std::string::npos;
+    const bool script = upperCased(line).find(".FTSCR") != std::string::npos;
     return script && FileExists(desktop.files, line) ? line : std::string();
 }
 

@@ -138,6 +138,20 @@ TEST(OpenInBrowser, AFailureIsIgnored) {
     EXPECT_EQ(shell.addresses.size(), 1U);
 }
 
+TEST(WithoutOuterBlanks, OnlyBlanksGoAndOnlyAtTheEnds) {
+    EXPECT_EQ(withoutOuterBlanks("  a  b "), "a  b");
+    EXPECT_EQ(withoutOuterBlanks("a"), "a");
+    EXPECT_EQ(withoutOuterBlanks("\ta\n "), "\ta\n");
+    EXPECT_EQ(withoutOuterBlanks("   "), "");
+    EXPECT_EQ(withoutOuterBlanks(""), "");
+}
+
+TEST(UpperCased, OnlyAsciiLettersChange) {
+    EXPECT_EQ(upperCased("azAZ09_@[`{"), "AZAZ09_@[`{");
+    EXPECT_EQ(upperCased("k\xC3\xA4\xE4"), "K\xC3\xA4\xE4");
+    EXPECT_EQ(upperCased(""), "");
+}
+
 TEST(SplitWords, TwoLettersAmongBlanksAreTwoWordsAndOneLetterIsOne) {
     EXPECT_EQ(SplitWords("  a   b  "), (Words{"a", "b"}));
     EXPECT_EQ(SplitWords("a b"), (Words{"a", "b"}));
