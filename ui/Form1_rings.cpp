@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "engine/NumberText.h"
+#include "engine/RunTimeError.h"
 #include "ui/Form1.h"
 
 namespace quillon {
@@ -13,7 +14,10 @@ constexpr Single kPanelCentre = 255.0F / 2;
 /// Brings a ring and its channel to a radius. The diameter is always odd, so
 /// that the ring has a centre pixel; the channel gets the radius that is seen,
 /// which is R rounded up to the next half. The corner is placed by R itself.
+/// A negative radius is refused, as any negative size is, and changes nothing.
 void setRing(Shape& ring, clComplexImage& channel, Single R) {
+    if (R < 0)
+        throw RunTimeError(ErrorNumber::InvalidPropertyValue);
     ring.Height = checkedSingle(2.0 * R);
     if (std::fmod(std::trunc(ring.Height.get()), 2.0F) == 0.0F)
         ring.Height = ring.Height + 1;
