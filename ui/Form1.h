@@ -12,6 +12,7 @@
 #include "engine/Desktop.h"
 #include "engine/PictureBox.h"
 #include "engine/clComplexImage.h"
+#include "scripting/ScriptHost.h"
 #include "ui/ControlTable.h"
 #include "ui/Controls.h"
 #include "ui/MenuTable.h"
@@ -50,7 +51,7 @@ public:
 /// drives it as the window does.
 ///
 /// Bodies lie by subject in ui/Form1_*.cpp.
-class Form1 : public Control, public MaskPainter {
+class Form1 : public Control, public MaskPainter, public ScriptHost {
 public:
     Form1(Desktop& desktop, const Folders& folders);
     ~Form1() override;
@@ -135,7 +136,7 @@ public:
     /// The closing: settings, then the session script. Never refuses.
     void Form_QueryUnload();
     /// Runs the closing once and tells the host that the window goes.
-    void unload();
+    void unload() override;
     bool isUnloaded() const noexcept { return unloaded_; }
     void ReadRegistry();
     void SaveRegistry();
@@ -161,7 +162,7 @@ public:
     /// its channel's radius. R in panel pixels; the diameter becomes odd, so R is
     /// rounded up to the next half.
     void SetFilterRings(Single R);
-    void SetFilterRing(Integer c, Single R);
+    void SetFilterRing(Integer c, Single R) override;
     void ClearChannelTags(Integer p) { lab.ClearChannelTags(p); }
     Integer guiColorIndex = 0;
 
@@ -196,15 +197,15 @@ public:
     void click(MenuArray array, Integer Index);
     void mnuImg1a(Integer Index) { imageMenu(Channel::One, Index); }
     void mnuImg2a(Integer Index) { imageMenu(Channel::Two, Index); }
-    void mnuFT1a(Integer Index) { spectrumMenu(Channel::One, Index); }
-    void mnuFT2a(Integer Index) { spectrumMenu(Channel::Two, Index); }
+    void mnuFT1a(Integer Index) override { spectrumMenu(Channel::One, Index); }
+    void mnuFT2a(Integer Index) override { spectrumMenu(Channel::Two, Index); }
     void mnuNew1a(Integer Index) { reconstructionMenu(Channel::One, Index); }
     void mnuNew2a(Integer Index) { reconstructionMenu(Channel::Two, Index); }
     void mnuImg1b(Integer Index);
     void mnuImg2b(Integer Index);
-    void itmFile(Integer Index);
+    void itmFile(Integer Index) override;
     void itmSCR(Integer Index);
-    void itmOpt(Integer Index);
+    void itmOpt(Integer Index) override;
     void itmOpt0(Integer Index);
     void itmOpt1(Integer Index);
     void itm10(Integer Index);
@@ -223,11 +224,11 @@ public:
     // --- Image input and output, handed on to app/.
     void LoadPanelImage(Integer panel, const std::string& file);
     void ReloadImage(Integer panel);
-    void NewPanelImage(Integer panel);
-    void SavePanelImage(Integer panel, const std::string& file);
+    void NewPanelImage(Integer panel) override;
+    void SavePanelImage(Integer panel, const std::string& file) override;
     void CopyPanelImage(Integer panel);
     void PasteImage(Integer panel);
-    void InvertPanel(Integer panel, bool on);
+    void InvertPanel(Integer panel, bool on) override;
     void PrintPanel(Integer panel);
 
     // --- Commands of the menus, by subject
@@ -237,14 +238,15 @@ public:
     void DiscardPhasesCommand();
     void DiscardMagnitudesCommand();
     /// Combine the two stored spectra into the channel of the image panel p, 1 or 4.
-    void ConvolveSpectra(Integer p);
-    void DeconvolveSpectra(Integer p);
+    void ConvolveSpectra(Integer p) override;
+    void DeconvolveSpectra(Integer p) override;
     void getHistogram(PictureBox& pb);
     void LoadScriptCommand(const std::string& file);
     void SaveScriptCommand(const std::string& file);
     void EditScriptCommand();
     /// No filter, no inverted panel, magnitude view, recalculate.
     void ResetForScript();
+    void markInvertEntry(Integer panel, EntryMark mark) override;
     void BatchCommand();
     void GridPatternCommand(Integer p);
     void ShowHelp(Integer id);
@@ -298,7 +300,7 @@ private:
     void selectorMouseUp(Single Y);
     void dragOnLeftPress(Control& dragged, Integer Button, Integer Shift);
     void histogramMouseMove(Single X, Single Y);
-    void tabClick(Integer Index);
+    void tabClick(Integer Index) override;
     void LightOff();
     void CopyData(Channel which);
     void ShowProfile(Integer panel, Single x, Single y);

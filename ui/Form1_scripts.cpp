@@ -1,10 +1,36 @@
+#include <array>
+
 #include "engine/mFFTUTIL.h"
+#include "scripting/ReadScript.h"
 #include "ui/Form1.h"
+
+// Scripts: the window's routines hand on to scripting/.
 
 namespace quillon {
 
 void Form1::ReadScript(const std::string& path) {
-    ShowStatus(2, "Scripts cannot be read yet: " + FileNamePart(path));
+    quillon::ReadScript(lab, *this, path);
+}
+
+void Form1::ResetForScript() {
+    quillon::ResetForScript(lab, *this);
+}
+
+void Form1::markInvertEntry(Integer panel, EntryMark mark) {
+    constexpr Integer kImageEntry = 9;
+    constexpr Integer kOtherEntry = 6;
+    struct Entry {
+        MenuArray array;
+        Integer index;
+    };
+    constexpr std::array<Entry, 6> kEntries{{{MenuArray::mnuImg1a, kImageEntry},
+                                             {MenuArray::mnuFT1a, kOtherEntry},
+                                             {MenuArray::mnuNew1a, kOtherEntry},
+                                             {MenuArray::mnuImg2a, kImageEntry},
+                                             {MenuArray::mnuFT2a, kOtherEntry},
+                                             {MenuArray::mnuNew2a, kOtherEntry}}};
+    const Entry& entry = kEntries.at(static_cast<std::size_t>(panel - 1));
+    menu(entry.array, entry.index).Checked = mark == EntryMark::Checked;
 }
 
 void Form1::WriteScript(const std::string& path, const std::string& title) {

@@ -66,10 +66,6 @@ void Form1::EditScriptCommand() {
     sayNotThere(*this, "Edit Script");
 }
 
-void Form1::ResetForScript() {
-    sayNotThere(*this, "Reset");
-}
-
 void Form1::BatchCommand() {
     sayNotThere(*this, "Batch Processing");
 }

@@ -55,14 +55,5 @@ TEST_F(CommandFixture, TheLKeyTurnsTheLightOffOnlyOutsideTheTutorial) {
     }
 }
 
-TEST_F(CommandFixture, OnlyALowerCaseRResets) {
-    form.ShowStatus(2, "");
-    form.KeyPress('R');
-    EXPECT_EQ(status(2), "");
-    Integer key = 'r';
-    form.remoteKeyPress(key);
-    EXPECT_EQ(status(2), "Reset is not there yet");
-}
-
 }  // namespace
 }  // namespace quillon
