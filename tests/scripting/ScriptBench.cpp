@@ -25,12 +25,22 @@ std::string dialogLine(const RecordingDialogs::Message& message) {
     return "unknown dialog " + message.title + ": " + message.text;
 }
 
-/// What a reset does to a channel pair without filters.
-const Lines kReset{"unmark(1)", "unmark(4)", "unmark(2)", "unmark(5)",
-                   "unmark(3)", "unmark(6)", "opt(12)",   "opt(3)"};
+/// What a reset does, first of all to the filters in force.
+Lines resetOf(const Lab& lab) {
+    Lines lines;
+    if (lab.channel1.bFilter)
+        lines.emplace_back("FT1(9)");
+    if (lab.channel2.bFilter)
+        lines.emplace_back("FT2(9)");
+    for (const char* line : {"unmark(1)", "unmark(4)", "unmark(2)", "unmark(5)", "unmark(3)",
+                             "unmark(6)", "opt(12)", "opt(3)"})
+        lines.emplace_back(line);
+    return lines;
+}
 
 bool isNoise(const std::string& line) {
-    for (const char* service : {"files.", "screen.", "dialogs.", "environment.", "DrawMasks("})
+    for (const char* service :
+         {"files.", "screen.", "dialogs.", "environment.", "masks.DrawMasks("})
         if (line.starts_with(service))
             return true;
     return false;
@@ -89,6 +99,7 @@ ScriptBench::~ScriptBench() {
 Lines ScriptBench::run(const std::string& script) {
     desktop.files.addFile(scriptFile, script);
     desktop.log.clear();
+    const Lines reset = resetOf(lab);
     ReadScript(lab, host, scriptFile);
     Lines actions;
     for (const std::string& line : desktop.log) {
@@ -99,8 +110,8 @@ Lines ScriptBench::run(const std::string& script) {
             actions.push_back(line);
     }
     const auto resetEnd =
-        actions.begin() + static_cast<std::ptrdiff_t>(std::min(actions.size(), kReset.size()));
-    EXPECT_EQ(Lines(actions.begin(), resetEnd), kReset);
+        actions.begin() + static_cast<std::ptrdiff_t>(std::min(actions.size(), reset.size()));
+    EXPECT_EQ(Lines(actions.begin(), resetEnd), reset);
     return {resetEnd, actions.end()};
 }
 
