@@ -258,13 +258,13 @@ TEST_F(ImageIo, InvertingASpectrumRedrawsItWithTheFlagAndItsMasks) {
     EXPECT_TRUE(channel1.GetInvert(1));
     EXPECT_EQ(pb2.Image(), complementOf(plain));
     EXPECT_EQ(channel1.linearFactor(), 100.0F) << "a negative factor leaves the stored one";
-    EXPECT_EQ(desktop.calls.of({"masks."}), std::vector<std::string>{"masks.DrawMasks(-1)"});
+    EXPECT_EQ(desktop.calls.of({"DrawMasks"}), std::vector<std::string>{"DrawMasks(-1)"});
     desktop.log.clear();
     channel1.bMask = true;
     InvertPanel(lab, masks, 2, false);
     EXPECT_EQ(pb2.Image(), plain);
-    EXPECT_EQ(desktop.calls.of({"masks."}),
-              (std::vector<std::string>{"masks.DrawMasks(-1)", "masks.DrawMasks(2)"}));
+    EXPECT_EQ(desktop.calls.of({"DrawMasks"}),
+              (std::vector<std::string>{"DrawMasks(-1)", "DrawMasks(2)"}));
 }
 
 TEST_F(ImageIo, InvertingAReconstructionRedrawsItAndSetsTheLinearFactorToOne) {
@@ -278,7 +278,7 @@ TEST_F(ImageIo, InvertingAReconstructionRedrawsItAndSetsTheLinearFactorToOne) {
     channel2.bMask = true;
     desktop.log.clear();
     InvertPanel(lab, masks, 6, false);
-    EXPECT_EQ(desktop.calls.of({"masks."}), std::vector<std::string>{"masks.DrawMasks(-1)"});
+    EXPECT_EQ(desktop.calls.of({"DrawMasks"}), std::vector<std::string>{"DrawMasks(-1)"});
 }
 
 TEST_F(ImageIo, InvertingAPanelThatDoesNotExistChangesNothing) {

@@ -6,19 +6,10 @@
 #include <string>
 
 #include "app/Lab.h"
+#include "tests/support/ChannelUnderTest.h"
 #include "tests/support/RecordingDesktop.h"
 
 namespace quillon {
-
-/// Writes "masks.DrawMasks(m)" into the desktop's log.
-class RecordingMasks : public MaskPainter {
-public:
-    explicit RecordingMasks(CallLog& log) : log_(log) {}
-    void DrawMasks(Integer m) override { log_.add("masks.DrawMasks(" + std::to_string(m) + ")"); }
-
-private:
-    CallLog& log_;
-};
 
 /// A lab without a window: two bound channels on black panels, over a recording
 /// desktop.
@@ -44,7 +35,7 @@ protected:
     }
 
     RecordingDesktop desktop;
-    RecordingMasks masks{desktop.calls};
+    RecordingMaskPainter masks{desktop.log};
     Rnd rnd;
     clComplexImage channel1{desktop.desktop(), masks, rnd};
     clComplexImage channel2{desktop.desktop(), masks, rnd};
