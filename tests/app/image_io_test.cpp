@@ -15,6 +15,7 @@ namespace {
 TEST_F(ImageIo, ANewImageEmptiesThePanelsOfItsChannelOnly) {
     loadBoth();
     markChannels();
+    pb1.setBackColor(kWhite);
     lab.guiColors[1] = RGB(80, 140, 192);
     const Bitmap otherImage = pb4.Image();
     NewPanelImage(lab, 1);

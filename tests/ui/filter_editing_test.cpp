@@ -320,6 +320,18 @@ TEST_F(FilterEditing, EveryGestureAddsTwoAndRepaintsTheWholeList) {
     }
 }
 
+TEST_F(FilterEditing, AClickDrawsItsSquaresAlsoWithoutAutoCalculate) {
+    for (const Channel which : kBoth) {
+        clickFilter(which, 12);
+        form.lab.autoCalculate = false;
+        press(which, 50, 70);
+        release(which, 50, 70);
+        for (const auto& [x, y] : {std::pair{47, 67}, {53, 73}, {203, 183}, {209, 189}})
+            EXPECT_EQ(spectrum(which).Image().at(x, y), kMaskBlue) << x << ", " << y;
+        form.lab.autoCalculate = true;
+    }
+}
+
 TEST_F(FilterEditing, ANewMaskIsShownThenReconstructsWithAutoCalculateAlone) {
     for (const Channel which : kBoth) {
         clickFilter(which, 12);

@@ -87,6 +87,18 @@ TEST_F(SpectrumMenu, FourierTransformUnderMasksDrawsThemAgain) {
     }
 }
 
+TEST_F(SpectrumMenu, UnderABlackImageTheMasksAreDrawnAllTheSame) {
+    for (const Channel which : kBoth) {
+        click(which, 12);
+        channel(which).AddMask(10, 20, 30, 40);
+        form.NewPanelImage(imagePanelId(which));
+        channel(which).AddMask(10, 20, 30, 40);
+        click(which, 0);
+        EXPECT_EQ(spectrum(which).Tag, "") << "a black image has no spectrum to draw";
+        EXPECT_EQ(spectrum(which).Image().at(10, 20), kMaskBlue);
+    }
+}
+
 TEST_F(SpectrumMenu, CopySaveAndPrintWorkOnItsOwnPanel) {
     for (const Channel which : kBoth) {
         click(which, 2);
