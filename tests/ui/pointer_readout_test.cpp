@@ -73,6 +73,23 @@ TEST_F(PointerReadout, ACapturedMoveLeftOfAnFtPanelOrAboveItLeavesTheReadOutAsIt
     EXPECT_EQ(status(1).substr(0, 9), "[256,300]") << "to the right the values repeat";
 }
 
+TEST_F(PointerReadout, AltAloneOverAnFtPanelPlotsTheProfileAfterTheReadOut) {
+    for (const Channel which : kBoth) {
+        LineControl& line = form.Line1(which == Channel::One ? 0 : 1);
+        for (const Integer shift : std::initializer_list<Integer>{0, 1, 2, 5, 6})
+            form.MouseMove(spectrum(which), 0, shift, 10, 20);
+        form.MouseMove(spectrum(which), kLeftButton, kAltKey, 10, 20);
+        EXPECT_FALSE(line.Visible) << "a held button stops the profile";
+        desktop.log.clear();
+        form.MouseMove(spectrum(which), 0, kAltKey, 10, 20);
+        EXPECT_TRUE(line.Visible);
+        EXPECT_EQ(line.Y1, 20);
+        EXPECT_EQ(line.Y2, 20);
+        EXPECT_EQ(status(1), "[10,20] " + channel(which).getVXY(10, 20));
+        EXPECT_LT(placeOf("showNow lbSTB(0)"), placeOf("showNow " + line.Name));
+    }
+}
+
 TEST_F(PointerReadout, AMoveChangesNoPicture) {
     for (Integer panel = 1; panel <= 6; ++panel) {
         const Bitmap before = form.lab.panel(panel).Image();
