@@ -73,6 +73,18 @@ TEST_F(Drop, AFileOfAnotherKindIsLeftAlone) {
     EXPECT_TRUE(desktop.log.empty());
 }
 
+TEST_F(Drop, AScriptRunsWhicheverPanelTookIt) {
+    desktop.files.addFile("C:\\lesson.ftscr", "TOP\r\nLOWPASS 30\r\n");
+    for (const Channel which : kBoth)
+        for (const char* file : {"C:\\lesson.ftscr", "C:\\lesson.FtScr"}) {
+            clickFilter(Channel::One, 9);
+            form.OLEDragDrop(image(which), {file, "C:\\a.bmp"});
+            EXPECT_TRUE(form.lab.channel1.bLowpass) << file;
+            EXPECT_FALSE(form.lab.channel2.bFilter) << file;
+        }
+    EXPECT_EQ(form.lab.channel1.file, sample1);
+}
+
 TEST_F(Drop, AMaskFileDoesNothing) {
     desktop.files.addFile("C:\\rings.ftmsk", "1 2 3 4\r\n");
     desktop.log.clear();

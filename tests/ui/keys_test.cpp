@@ -195,6 +195,18 @@ TEST_F(Keys, OtherCharactersRecalculateNothing) {
     EXPECT_TRUE(desktop.log.empty());
 }
 
+TEST_F(Keys, OnlyALowerCaseRResetsTheLab) {
+    clickFilter(Channel::Two, 11);
+    form.mnuImg1a(9);
+    form.KeyPress('R');
+    EXPECT_TRUE(form.lab.channel2.bHighpass);
+    Integer key = 'r';
+    form.remoteKeyPress(key);
+    EXPECT_FALSE(form.lab.channel2.bFilter);
+    EXPECT_FALSE(form.lab.channel1.GetInvert(0));
+    EXPECT_FALSE(form.menu(MenuArray::mnuImg1a, 9).Checked);
+}
+
 TEST_F(Keys, TheOverlaysKeysAreTheWindowsKeys) {
     Integer space = 32;
     form.remoteKeyPress(space);
