@@ -35,9 +35,12 @@ public:
     const Cell& operator()(Long x, Long y) const noexcept { return cells_[index(x, y)]; }
 
     /// The cell at (x, y); throws RunTimeError SubscriptOutOfRange where there is none.
+    Cell& at(Long x, Long y) {
+        check(x, y);
+        return (*this)(x, y);
+    }
     const Cell& at(Long x, Long y) const {
-        if (x < 0 || y < 0 || x > xBound() || y > yBound())
-            throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+        check(x, y);
         return (*this)(x, y);
     }
 
@@ -46,6 +49,10 @@ public:
     const Cell* row(Long y) const noexcept { return cells_.data() + index(0, y); }
 
 private:
+    void check(Long x, Long y) const {
+        if (x < 0 || y < 0 || x > xBound() || y > yBound())
+            throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+    }
     std::size_t index(Long x, Long y) const noexcept {
         return static_cast<std::size_t>(y) * columns_ + static_cast<std::size_t>(x);
     }

@@ -53,6 +53,8 @@ public:
     virtual void DrawMasks(Integer m) = 0;
 };
 
+struct ExportOptions;
+class ExportPrompt;
 struct SpectrumLook;
 
 /// One channel: pixels to spectrum to reconstruction, with its views, filters
@@ -118,6 +120,11 @@ public:
     /// by the view, and with s = 0 redraws. Throws SubscriptOutOfRange for a
     /// table of fewer than 256 words, with the words that came before in place.
     void SetLUT(Integer m, std::span<const Long> c, Integer s = 0);
+    /// Asks by the dialog what to export, and puts the numbers of the stored
+    /// spectrum on the clipboard as text, by way of the file "tmp" in the folder
+    /// that TMP names. Ends without a word where the dialog is closed without OK
+    /// and where anything fails. m is not used.
+    void CopyData(ExportPrompt& dialog, Integer m = 0);
     void SetDrawMode(Integer m);
     /// 1 is the square-root scale, anything else the linear one; redraws.
     void SetScale(Integer m);
@@ -167,6 +174,32 @@ public:
     void ShowColorImage(bool b) noexcept { bColorImage = b; }
     /// Rounds half to even.
     void SetImageSize(Single w_, Single h_);
+
+    // Edits of the stored spectrum. Each treats every cell on its own, the zero
+    // frequency too, in the order (0, 0), (0, 1), ... (1, 0), then redraws the
+    // spectrum and reconstructs; a channel whose image panel has no Tag is left
+    // alone. A division by 0 throws DivisionByZero, a result that no Single holds
+    // Overflow: the cells before it keep their new values, it and those behind
+    // their old ones, and nothing is redrawn.
+
+    /// Each cell becomes its magnitude; one of 0 becomes 1.
+    void DiscardPhases();
+    /// Each cell gets the length 1; one of 0 stays 0.
+    void DiscardMagnitudes();
+    /// Each cell gets a random length up to half the span of all real and
+    /// imaginary parts; one of 0 stays 0. Sets the square-root scale's intensity
+    /// factor so that the flat spectrum stays visible.
+    void RandomizeMagnitudes();
+    /// Each cell is turned to a random direction; one of 0 gets the length 1.
+    void RandomizePhases();
+    /// Each cell keeps its magnitude (1 for 0) and takes the direction of p's.
+    /// Throws DivisionByZero at a cell of p that is 0.
+    void SwapPhases(const ExchangeArray& p);
+    /// Copies the spectrum out of the channel or into it, with or without an
+    /// image; the second redraws and reconstructs. Throws SubscriptOutOfRange
+    /// where the array is smaller than the spectrum.
+    void GetFTArray(ExchangeArray& p) const;
+    void SetFTArray(const ExchangeArray& p);
 
     /// One step of the intensity factor of the scale in force: down by 0.9 for m
     /// below 1, else up by 1.11; redraws.
@@ -223,6 +256,17 @@ private:
     void DrawFT(const Grid<ComplexCell>& data, Long w, Long h, PictureBox* pb, Integer mode,
                 bool invert);
     void drawSurfaceIfShown();
+    template <class Visit>
+    void visitSpectrum(Visit visit);
+    template <class Edit>
+    void editSpectrum(Edit edit);
+    bool hasImage() const;
+    /// Half the span of all real and imaginary parts.
+    Single spectrumRange();
+    /// Shows what an edit has made of the spectrum and of the picture.
+    void showEdit();
+    static std::string FormatExportValue(Double v, Integer bi);
+    std::string exportText(const ExportOptions& options) const;
     /// View, scale, factors and tables of the spectrum as they stand now.
     SpectrumLook spectrumLook(bool invert) const;
 
