@@ -9,6 +9,7 @@
 #include "desktop/BrowserFace.h"
 #include "desktop/ControlFace.h"
 #include "desktop/Conversions.h"
+#include "desktop/ExportDialog.h"
 #include "desktop/FrameWidget.h"
 #include "desktop/KeyPreview.h"
 #include "desktop/LabMenus.h"
@@ -190,6 +191,11 @@ void FormWindow::show() {
 
 void FormWindow::popupMenu(std::string_view title) {
     menus_->menuOf(title).exec(QCursor::pos());
+}
+
+void FormWindow::showModal(dlgARRAY& dialog) {
+    ExportDialog shown(dialog, this);
+    shown.exec();
 }
 
 void FormWindow::unloaded() {

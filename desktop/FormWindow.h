@@ -30,6 +30,7 @@ public:
     // FormHost
     void show() override;
     void popupMenu(std::string_view title) override;
+    void showModal(dlgARRAY& dialog) override;
     void unloaded() override;
 
     /// The widget of a control; nullptr for a control that cannot be seen.

@@ -22,6 +22,25 @@ public:
     using Control::Control;
 };
 
+/// One of a group of choices, of which one is on.
+class OptionButton : public Control {
+public:
+    using Control::Control;
+    Property<bool> Value{*this};
+};
+
+/// 1 checked, 0 unchecked.
+class CheckBox : public Control {
+public:
+    using Control::Control;
+    Property<Integer> Value{*this};
+};
+
+class CommandButton : public Control {
+public:
+    using Control::Control;
+};
+
 /// A small picture that acts as a button.
 class ImageControl : public Control {
 public:

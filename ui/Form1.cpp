@@ -164,6 +164,7 @@ Form1::Form1(Desktop& desktop_, const Folders& folders)
     Timer1.Interval = 10;
     File1.Pattern = "*.bmp;*.gif;*.jpg";
     pbh.FontName = Font::ArialNarrow;
+    pbh.setAutoRedraw(true);
     Label2(0).FontBold = true;
     lbTAB(0).FontBold = true;
     lbTAB(0).FontSize = 9;

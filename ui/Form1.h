@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "analysis/histogram.h"
 #include "app/Lab.h"
 #include "engine/Control.h"
 #include "engine/Desktop.h"
@@ -16,6 +17,7 @@
 #include "ui/ControlTable.h"
 #include "ui/Controls.h"
 #include "ui/MenuTable.h"
+#include "ui/dlgARRAY.h"
 
 namespace quillon {
 
@@ -42,6 +44,9 @@ public:
     /// Shows the menu that a title of the bar opens ("mnuImg1") at the pointer and
     /// waits for the choice, which comes through the click handler.
     virtual void popupMenu(std::string_view title) = 0;
+    /// Shows the export dialog over the window and waits until it is hidden or
+    /// its close box is pressed.
+    virtual void showModal(dlgARRAY& dialog) = 0;
     /// The window goes and the process ends when the running handler returns.
     virtual void unloaded() = 0;
 };
@@ -129,6 +134,12 @@ public:
 
     /// What the rooms below the window share with it.
     Lab lab;
+
+    /// What to export of a spectrum; one dialog for both channels.
+    dlgARRAY exportDialog{lab.guiColors, [this](dlgARRAY& dialog) {
+                              if (host_ != nullptr)
+                                  host_->showModal(dialog);
+                          }};
 
     // --- Session (Form1_session.cpp, Form1_settings.cpp)
     /// The opening, in its fixed order, up to the first-use message.
@@ -237,10 +248,16 @@ public:
     void RandomizeMagnitudesCommand();
     void DiscardPhasesCommand();
     void DiscardMagnitudesCommand();
-    /// Combine the two stored spectra into the channel of the image panel p, 1 or 4.
-    void ConvolveSpectra(Integer p) override;
-    void DeconvolveSpectra(Integer p) override;
+    /// Combine the two stored spectra into channel 1 for a target below 4, else
+    /// into channel 2; where that fails the target stays as it was.
+    void ConvolveSpectra(Integer target) override;
+    void DeconvolveSpectra(Integer target) override;
+    void getGray(Long c, Integer& g) const noexcept { quillon::getGray(c, g); }
+    /// Counts the grey levels that a panel shows and shows them in the histogram
+    /// box. Throws DivisionByZero for a panel without a pixel.
     void getHistogram(PictureBox& pb);
+    /// The last request's percentages of the tallest level.
+    const Histogram& histogram() const noexcept { return histogram_; }
     void LoadScriptCommand(const std::string& file);
     void SaveScriptCommand(const std::string& file);
     void EditScriptCommand();
@@ -299,6 +316,7 @@ private:
     void intensityMouseUp(Channel which);
     void selectorMouseUp(Single Y);
     void dragOnLeftPress(Control& dragged, Integer Button, Integer Shift);
+    void DrawHistogram();
     void histogramMouseMove(Single X, Single Y);
     void tabClick(Integer Index) override;
     void LightOff();
@@ -337,6 +355,7 @@ private:
     Single scaleWidth_ = kDesignWidth;
     Single scaleHeight_ = kDesignHeight;
     bool unloaded_ = false;
+    Histogram histogram_;
     /// The next release belongs to a press that opened a menu or to the second
     /// press of a double click, and reaches no handler.
     bool releaseEaten_ = false;

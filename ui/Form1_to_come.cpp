@@ -14,46 +14,6 @@ void sayNotThere(Form1& form, const std::string& command) {
 
 }  // namespace
 
-void Form1::SwapPhasesCommand() {
-    sayNotThere(*this, "Swap Phase Sets");
-}
-
-void Form1::RandomizePhasesCommand() {
-    sayNotThere(*this, "Randomize Phases");
-}
-
-void Form1::RandomizeMagnitudesCommand() {
-    sayNotThere(*this, "Randomize Magnitudes");
-}
-
-void Form1::DiscardPhasesCommand() {
-    sayNotThere(*this, "Discard Phases");
-}
-
-void Form1::DiscardMagnitudesCommand() {
-    sayNotThere(*this, "Discard Magnitudes");
-}
-
-void Form1::ConvolveSpectra(Integer /*p*/) {
-    sayNotThere(*this, "Convolution");
-}
-
-void Form1::DeconvolveSpectra(Integer /*p*/) {
-    sayNotThere(*this, "Deconvolution");
-}
-
-void Form1::getHistogram(PictureBox& /*pb*/) {
-    sayNotThere(*this, "Histogram");
-}
-
-void Form1::histogramMouseMove(Single /*X*/, Single /*Y*/) {
-    sayNotThere(*this, "Histogram");
-}
-
-void Form1::CopyData(Channel /*which*/) {
-    sayNotThere(*this, "Export Data");
-}
-
 void Form1::LoadScriptCommand(const std::string& /*file*/) {
     sayNotThere(*this, "Load Script");
 }

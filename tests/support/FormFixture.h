@@ -16,8 +16,8 @@
 namespace quillon {
 
 /// The window that shows the form, as far as the form knows of it. Its calls
-/// stand in the desktop's log as "host.show()", "host.popupMenu(mnuImg1)" and
-/// "host.unloaded()".
+/// stand in the desktop's log as "host.show()", "host.popupMenu(mnuImg1)",
+/// "host.showModal(dlgARRAY)" and "host.unloaded()".
 class RecordingHost : public FormHost {
 public:
     explicit RecordingHost(CallLog& log) : log_(log) {}
@@ -29,6 +29,9 @@ public:
     /// What the user does while a menu is open.
     std::function<void(std::string_view)> onPopup;
     std::function<void()> onShow;
+    /// What the user does while the export dialog is open. Without it the dialog
+    /// is closed by its close box.
+    std::function<void(dlgARRAY&)> onShowModal;
 
     void show() override {
         log_.add("host.show()");
@@ -41,6 +44,11 @@ public:
         popups.emplace_back(title);
         if (onPopup)
             onPopup(title);
+    }
+    void showModal(dlgARRAY& dialog) override {
+        log_.add("host.showModal(" + dialog.Name + ")");
+        if (onShowModal)
+            onShowModal(dialog);
     }
     void unloaded() override {
         log_.add("host.unloaded()");
@@ -70,7 +78,10 @@ inline Bitmap squaresPicture() {
     for (int y = 0; y < 256; ++y)
         for (int x = 0; x < 256; ++x) {
             const bool inside = x % 32 < 20 && y % 32 < 12;
-            picture.at(x, y) = (inside ? 40 + x / 2 + y / 4 : 15) * 0x10101;
+            // A grain, because a regular picture has cells of 0 in its spectrum
+            // and these have no phase to be exchanged.
+            const int grain = (x * x + x * y + 3 * y) % 7;
+            picture.at(x, y) = ((inside ? 40 + x / 2 + y / 4 : 15) + grain) * 0x10101;
         }
     return picture;
 }

@@ -15,19 +15,10 @@ struct ToCome {
 
 /// Entries whose subject has not arrived. A line goes when its subject comes.
 const ToCome kToCome[] = {
-    {mnuImg1a, 10, "Histogram is not there yet"},
-    {mnuImg1a, 14, "Convolution is not there yet"},
-    {mnuImg2a, 15, "Deconvolution is not there yet"},
-    {mnuFT2a, 17, "Export Data is not there yet"},
     {itmFile, 3, "Batch Processing is not there yet"},
     {itmSCR, 0, "Load Script is not there yet"},
     {itmSCR, 1, "Save as Script is not there yet"},
     {itmSCR, 2, "Edit Script is not there yet"},
-    {itmOpt, 6, "Swap Phase Sets is not there yet"},
-    {itmOpt, 7, "Randomize Phases is not there yet"},
-    {itmOpt, 8, "Randomize Magnitudes is not there yet"},
-    {itmOpt, 9, "Discard Phases is not there yet"},
-    {itmOpt, 10, "Discard Magnitudes is not there yet"},
     {itm10, 0, "Help is not there yet"},
     {itm10a, 0, "Links is not there yet"},
 };
