@@ -62,7 +62,7 @@ DesktopApplication::DesktopApplication(int& argc, char** argv)
     : QApplication(prepared(argc), argv) {
     resetEnding();
     setApplicationName(QStringLiteral("quillon"));
-    setApplicationDisplayName(QStringLiteral("Quillon"));
+    // No display name: the toolkit would add it to the title of every dialog.
     setApplicationVersion(QString::fromLatin1(kVersionText));
     setStyle(new LabStyle);
 }

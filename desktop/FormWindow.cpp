@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDeadlineTimer>
 #include <QMenuBar>
 #include <QWindow>
 
@@ -186,7 +187,22 @@ void FormWindow::show() {
             showNormal();
             break;
     }
+    waitUntilSeen();
     tellPlace();
+}
+
+void FormWindow::waitUntilSeen() {
+    // The user sees the panels fill, and a dialog of the opening knows where the
+    // window is. Some window systems never tell, so there is a limit.
+    if (form_.WindowState == kWindowMinimised)
+        return;
+    constexpr int kLimitMilliseconds = 500;
+    const QDeadlineTimer limit(kLimitMilliseconds);
+    QTimer wake;
+    wake.start(10);
+    while (!windowHandle()->isExposed() && !limit.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::WaitForMoreEvents);
 }
 
 void FormWindow::popupMenu(std::string_view title) {

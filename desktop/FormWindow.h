@@ -51,6 +51,7 @@ private:
     void build(const ControlRow& row, Control& control, BrowserPaneMaker& browser);
     QWidget& parentWidgetOf(const Control& control);
     void layOut();
+    void waitUntilSeen();
     /// Brings the window to the place, size and state of its object.
     void takePlace();
     /// Tells the object what the window system has made of the window.

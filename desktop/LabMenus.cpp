@@ -78,9 +78,10 @@ void LabMenus::addEntry(QMenu& menu, MenuArray array, Integer index, const MenuE
         const auto below = static_cast<MenuArray>(row.submenu);
         action =
             menu.addMenu(build(below, toQString(menuArrayName(below)), toQString(row.caption)));
+    } else if (form_.menu(array, index).separator()) {
+        action = menu.addSeparator();
     } else {
         action = menu.addAction(toQString(row.caption));
-        action->setSeparator(form_.menu(array, index).separator());
     }
     faces_.push_back(std::make_unique<EntryFace>(form_.menu(array, index), *action));
     EntryFace* face = faces_.back().get();
