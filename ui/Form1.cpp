@@ -166,6 +166,9 @@ Form1::Form1(Desktop& desktop_, const Folders& folders)
     pbh.FontName = Font::ArialNarrow;
     pbh.setAutoRedraw(true);
     Label2(0).FontBold = true;
+    // No scheme paints the ground of these: they lie on that of their box.
+    for (Label* label : {&Label1, &Label2(0), &LHIST, &lbHIS})
+        label->BackStyle = 0;
     lbTAB(0).FontBold = true;
     lbTAB(0).FontSize = 9;
     lbTAB(1).FontSize = 8;

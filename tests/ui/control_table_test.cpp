@@ -252,6 +252,13 @@ TEST_F(BuiltForm, TheSelectorsTitleIsBoldArial) {
     EXPECT_EQ(form.Label2(0).FontName, Font::Arial);
 }
 
+TEST_F(BuiltForm, LabelsOnColouredBoxesLieOnTheGroundOfTheirBox) {
+    for (const Label* label : {&form.Label1, &form.Label2(0), &form.LHIST, &form.lbHIS})
+        EXPECT_EQ(label->BackStyle, 0) << label->Name;
+    for (Integer i = 0; i <= 2; ++i)
+        EXPECT_EQ(form.lbTAB(i).BackStyle, 1);
+}
+
 TEST_F(BuiltForm, FramesOfPanelsHaveABorderAndTheBlockHasNone) {
     for (Integer panel = 1; panel <= 6; ++panel)
         EXPECT_EQ(form.frame(panel).BorderStyle, 1);
