@@ -26,6 +26,13 @@ bool isTab(const Control& control) {
     return control.Name.starts_with("lbTAB");
 }
 
+/// A text in the strip keeps off the window's edge.
+constexpr int kStatusIndent = 4;
+
+bool isStatusCell(const Control& control) {
+    return control.Name.starts_with("lbSTB");
+}
+
 Qt::Alignment alignmentOf(const Control& control) {
     return isTab(control) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
 }
@@ -133,6 +140,7 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
         }
         case ControlKind::Label: {
             auto* label = new QLabel(&parent);
+            label->setIndent(isStatusCell(control) ? kStatusIndent : 0);
             faces_.push_back(
                 std::make_unique<LabelFace>(form_, control, *label, alignmentOf(control)));
             widget = label;

@@ -24,8 +24,10 @@ void FrameWidget::paintEvent(QPaintEvent* /*event*/) {
     const QString caption = toQString(frame_.Caption.get());
     const int width = metrics.horizontalAdvance(caption);
     if (frame_.BorderStyle == 1) {
-        painter.setPen(ink);
-        painter.drawRect(rect().adjusted(0, metrics.height() / 2, -1, -1));
+        // Filled, because a thin pen may miss the edge at a scale between whole numbers.
+        const QRect outer = rect().adjusted(0, metrics.height() / 2, 0, 0);
+        painter.fillRect(outer, ink);
+        painter.fillRect(outer.adjusted(1, 1, -1, -1), ground);
         if (!caption.isEmpty())
             painter.fillRect(kCaptionLeft - kCaptionMargin, 0, width + 2 * kCaptionMargin,
                              metrics.height(), ground);
