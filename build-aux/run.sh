@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# Opens the window of the release build. Without a display the window is drawn
-# by the toolkit's offscreen platform and written as a picture.
+# run.sh [SCRIPT]: opens the window of the release build and replays the script.
+# Without a display the window is drawn by the toolkit's offscreen platform and
+# written as a picture.
 set -euo pipefail
 top=$(cd "$(dirname "$0")/.." && pwd)
 programs=$top/build/release/bin
+
+# The lab takes an absolute path as it is.
+[ $# -eq 0 ] || set -- "$(realpath "$1")"
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "$programs/quillon" "$@"
