@@ -1,7 +1,8 @@
 #include <array>
 
-#include "engine/mFFTUTIL.h"
 #include "scripting/ReadScript.h"
+#include "scripting/WriteScript.h"
+#include "scripting/script_commands.h"
 #include "ui/Form1.h"
 
 // Scripts: the window's routines hand on to scripting/.
@@ -34,7 +35,19 @@ void Form1::markInvertEntry(Integer panel, EntryMark mark) {
 }
 
 void Form1::WriteScript(const std::string& path, const std::string& title) {
-    ShowStatus(2, "Scripts cannot be written yet: " + title + " (" + FileNamePart(path) + ")");
+    quillon::WriteScript(lab, path, title);
+}
+
+void Form1::LoadScriptCommand(const std::string& file) {
+    quillon::LoadScriptCommand(lab, *this, file);
+}
+
+void Form1::SaveScriptCommand(const std::string& file) {
+    quillon::SaveScriptCommand(lab, file);
+}
+
+void Form1::EditScriptCommand() {
+    quillon::EditScriptCommand(lab);
 }
 
 }  // namespace quillon

@@ -124,7 +124,15 @@ void Form1::unload() {
     if (unloaded_)
         return;
     unloaded_ = true;
-    Form_QueryUnload();
+    // The user is gone: a batch under way ends with its image in progress.
+    bStopBatch = true;
+    try {
+        Form_QueryUnload();
+    } catch (...) {
+        // A closing that failed has closed nothing, so the window can be closed again.
+        unloaded_ = false;
+        throw;
+    }
     if (host_ != nullptr)
         host_->unloaded();
 }

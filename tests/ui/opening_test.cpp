@@ -311,14 +311,12 @@ TEST_F(CommandLine, AMissingAnEmptyAndASecondScriptAreIgnoredWithoutAMessage) {
 class Closing : public OpenForm {};
 
 TEST_F(Closing, SettingsAreSavedBeforeTheSessionScriptIsWrittenAndThenTheWindowGoes) {
-    RecordingWatcher watcher(desktop.log);
-    form.lbSTB(2).watch(&watcher);
     form.unload();
-    EXPECT_EQ(desktop.calls.of({"store.", "showNow", "host."}),
+    EXPECT_EQ(desktop.calls.of({"store.", "files.", "host."}),
               (std::vector<std::string>{
                   "store.write(Software\\Brindlewood\\Quillon, WNDO, 0 0 12900 10500 0)",
                   "store.write(Software\\Brindlewood\\Quillon, PATH, C:\\Quillon\\Quillon.exe)",
-                  "showNow lbSTB(2)", "host.unloaded()"}));
+                  "files.write(" + folders.ScriptPath + "last.ftscr)", "host.unloaded()"}));
     EXPECT_TRUE(desktop.dialogs.messages.empty()) << "a closing window asks nothing";
     EXPECT_TRUE(form.isUnloaded());
 }
