@@ -61,13 +61,6 @@ void commit(PictureBox& panel) {
     panel.setPicture(panel.Image());
 }
 
-void paintStretched(PictureBox& panel, const Bitmap& picture) {
-    const PersistentDrawing drawing(panel);
-    panel.PaintPictureStretched(picture,
-                                {0, 0, toLong(panel.ScaleWidth()), toLong(panel.ScaleHeight())});
-    commit(panel);
-}
-
 void invertPicture(PictureBox& panel) {
     const PersistentDrawing drawing(panel);
     panel.InvertPicture();
@@ -146,6 +139,13 @@ void loadInto(Lab& lab, Integer panel, const std::string& file) {
 }
 
 }  // namespace
+
+void paintStretched(PictureBox& panel, const Bitmap& picture) {
+    const PersistentDrawing drawing(panel);
+    panel.PaintPictureStretched(picture,
+                                {0, 0, toLong(panel.ScaleWidth()), toLong(panel.ScaleHeight())});
+    commit(panel);
+}
 
 void LoadPanelImage(Lab& lab, Integer panel, const std::string& file) {
     try {

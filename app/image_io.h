@@ -20,6 +20,11 @@ namespace quillon {
 /// A failed load changes nothing in the channel.
 void LoadPanelImage(Lab& lab, Integer panel, const std::string& file);
 
+/// Paints a picture on an image panel, stretched to it, and commits it as the
+/// panel's picture, so that a later Cls falls back to what the user saw. The
+/// empty picture throws RunTimeError InvalidPicture.
+void paintStretched(PictureBox& panel, const Bitmap& picture);
+
 /// Loads the channel's file once more. The invert state and the masks stay.
 void ReloadImage(Lab& lab, Integer panel);
 

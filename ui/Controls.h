@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "engine/Control.h"
+#include "scripting/FileListBox.h"
 
 namespace quillon {
 
@@ -75,14 +76,6 @@ public:
     explicit Timer(std::string name) : Control(std::move(name)) { Enabled = false; }
     /// In milliseconds.
     Property<Integer> Interval{*this, Integer{0}};
-};
-
-/// The list of a folder's files that match a pattern, sorted by name.
-class FileListBox : public Control {
-public:
-    using Control::Control;
-    std::string Path;
-    std::string Pattern;
 };
 
 /// The pane that shows the tutorial. It keeps the last address asked for; the

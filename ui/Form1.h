@@ -265,6 +265,8 @@ public:
     void ResetForScript();
     void markInvertEntry(Integer panel, EntryMark mark) override;
     void BatchCommand();
+    /// Runs the files that File1 lists; the folder ends in a backslash.
+    void RunBatch(const std::string& folder);
     void GridPatternCommand(Integer p);
     void ShowHelp(Integer id);
     /// Rolls a panel's picture with wrap-around from the copy in `mem`, by dx and

@@ -14,22 +14,6 @@ void sayNotThere(Form1& form, const std::string& command) {
 
 }  // namespace
 
-void Form1::LoadScriptCommand(const std::string& /*file*/) {
-    sayNotThere(*this, "Load Script");
-}
-
-void Form1::SaveScriptCommand(const std::string& /*file*/) {
-    sayNotThere(*this, "Save as Script");
-}
-
-void Form1::EditScriptCommand() {
-    sayNotThere(*this, "Edit Script");
-}
-
-void Form1::BatchCommand() {
-    sayNotThere(*this, "Batch Processing");
-}
-
 void Form1::ShowHelp(Integer /*id*/) {
     sayNotThere(*this, "Help");
 }

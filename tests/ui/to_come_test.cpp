@@ -15,10 +15,6 @@ struct ToCome {
 
 /// Entries whose subject has not arrived. A line goes when its subject comes.
 const ToCome kToCome[] = {
-    {itmFile, 3, "Batch Processing is not there yet"},
-    {itmSCR, 0, "Load Script is not there yet"},
-    {itmSCR, 1, "Save as Script is not there yet"},
-    {itmSCR, 2, "Edit Script is not there yet"},
     {itm10, 0, "Help is not there yet"},
     {itm10a, 0, "Links is not there yet"},
 };
