@@ -39,11 +39,10 @@ Lines resetOf(const Lab& lab) {
 }
 
 bool isNoise(const std::string& line) {
-    for (const char* service :
-         {"files.", "screen.", "dialogs.", "environment.", "masks.DrawMasks("})
+    for (const char* service : {"files.", "screen.", "dialogs.", "environment."})
         if (line.starts_with(service))
             return true;
-    return false;
+    return line.find("DrawMasks(") != std::string::npos;
 }
 
 std::string inverts(const clComplexImage& channel) {
