@@ -1,13 +1,12 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "engine/NumberText.h"
 #include "engine/mFFTUTIL.h"
+#include "fuzz/require.h"
 
 // What settings, scripts and mask files are read with: a text is split into words,
 // and a word is read as a number.
@@ -15,13 +14,6 @@
 namespace {
 
 using namespace quillon;
-
-void require(bool holds, const char* rule) {
-    if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", rule);
-        std::abort();
-    }
-}
 
 /// The text with every run of blanks made one, and none at the ends.
 std::string collapsed(const std::string& text) {
