@@ -141,6 +141,24 @@ TEST_F(Scripts, TheSavesOfAScriptWriteWhatThePanelsShowAtThatMoment) {
         << "the spectrum of the picture before the load";
 }
 
+TEST_F(Scripts, ADeconvolutionByAnEmptySpectrumFailsInTheReadersHandler) {
+    form.NewPanelImage(4);
+    form.lab.channel2.file.clear();
+    run("CONVOLVE2\r\nDECONVOLVE1\r\nRNDPHASES");
+    const Bitmap before = form.pb3.Image();
+    EXPECT_EQ(desktop.dialogs.messages.back().text,
+              "Error in Read Script: [RNDPHASES]Division by zero");
+    EXPECT_EQ(status(2), "Convolution Performed") << "what came before it stays done";
+    desktop.dialogs.messages.clear();
+    run("DECONVOLVE1\r\nDECONVOLVE2");
+    EXPECT_EQ(desktop.dialogs.messages.size(), 1U) << "the second one does not run";
+    run("DECONVOLVE2");
+    EXPECT_EQ(desktop.dialogs.messages.back().text,
+              "Error in Read Script: [DECONVOLVE2]Division by zero");
+    run("");
+    EXPECT_NE(before, form.pb3.Image()) << "the phases had been randomised before the failure";
+}
+
 TEST_F(Scripts, TheStartScriptOfTheCommandLineTakesThePlaceOfTheSamples) {
     desktop.files.addFile("C:\\a b\\x.FtScr", "LOAD1 Halvard-Image2.jpg\r\nLOWPASS 5");
     desktop.environment.arguments = "\"C:\\a b\\x.FtScr\"";
