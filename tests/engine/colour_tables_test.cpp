@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 #include <vector>
 
 #include "engine/RunTimeError.h"
@@ -143,6 +144,22 @@ TEST(ColourBytes, TheGreyOfAColourIsTheMeanOfItsBytes) {
     EXPECT_EQ(GrayOfColor(word(10, 20, 31)), 20);
     EXPECT_EQ(GrayOfColor(word(10, 20, 32)), 21);
     EXPECT_EQ(GrayOfColor(0xFFFFFF), 255);
+}
+
+TEST(ColourBytes, AComponentAbove255CountsAs255) {
+    EXPECT_EQ(RGB(256, 7, 32767).value, RGB(255, 7, 255).value);
+    EXPECT_EQ(RGB(0, 300, 0).value, 255 << 8);
+}
+
+TEST(SmallerAndLarger, KeepTheFirstOnATie) {
+    EXPECT_EQ(MinOf(3, 5), 3);
+    EXPECT_EQ(MinOf(5, 3), 3);
+    EXPECT_EQ(MaxOf(3, 5), 5);
+    EXPECT_EQ(MaxOf(5, 3), 5);
+    EXPECT_TRUE(std::signbit(MinOf(-0.0F, 0.0F)));
+    EXPECT_FALSE(std::signbit(MinOf(0.0F, -0.0F)));
+    EXPECT_TRUE(std::signbit(MaxOf(-0.0F, 0.0F)));
+    EXPECT_FALSE(std::signbit(MaxOf(0.0F, -0.0F)));
 }
 
 class TableSetting : public testing::Test {

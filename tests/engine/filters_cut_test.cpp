@@ -166,6 +166,22 @@ TEST_F(SpectrumFilter, ARingWithoutASideCutsNothing) {
     EXPECT_EQ(reconstruction(), whole);
 }
 
+TEST_F(SpectrumFilter, ASideWithoutTheRingCutsNothing) {
+    const std::vector<Single> whole = reconstruction();
+    channel.SetFilterRad(5);
+    channel.bFilter = channel.bLowpass = true;
+    channel.runFOURN(0);
+    EXPECT_EQ(reconstruction(), whole);
+}
+
+TEST_F(SpectrumFilter, ARingAndMasksTogetherCutWhatEitherCuts) {
+    channel.SetFilterFT(2);
+    channel.SetFilterRad(30);
+    channel.bMask = true;
+    channel.AddMask(120, 100, 160, 125);
+    expectTheSlowCut();
+}
+
 TEST_F(SpectrumFilter, ARadiusWhoseSquareOverflowsCountsAsNone) {
     channel.SetFilterFT(2);
     channel.SetFilterRad(1e30F);
