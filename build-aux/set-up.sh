@@ -16,7 +16,7 @@ packages_for() {
     # The second line is for looking at a real window where there is no screen.
     test) echo libgtest-dev git \
         xvfb xauth xdotool openbox x11-utils imagemagick ;;
-    bench) echo libbenchmark-dev libfftw3-dev ;;
+    bench) echo libfftw3-dev ;;
     format) echo clang-format git ;;
     lint) echo clang-tidy git ;;
     fuzz) echo clang-14 libclang-rt-14-dev ;;
