@@ -212,6 +212,21 @@ TEST_F(IntensityControls, AShownSurfaceIsDrawnAgainAtTheReleaseOfItsOwnChannel) 
     EXPECT_EQ(form.pb3.Tag, "3D");
 }
 
+TEST_F(IntensityControls, ChannelTwosSurfaceFollowsTheReleaseOfItsOwnControlAlone) {
+    form.pb6.Tag = "3D";
+    RecordingWatcher watcher;
+    form.pb6.watch(&watcher);
+    hold(form.lbBR1(0));
+    release(form.lbBR1(0));
+    EXPECT_TRUE(watcher.log.empty());
+    hold(form.lbBR2(0));
+    EXPECT_TRUE(watcher.log.empty());
+    release(form.lbBR2(0));
+    EXPECT_EQ(watcher.count("showNow pb6"), 1);
+    EXPECT_EQ(form.pb6.Tag, "3D");
+    form.pb6.watch(nullptr);
+}
+
 /// Notes each request to paint the mask rectangles.
 class MaskNotingForm : public Form1 {
 public:
