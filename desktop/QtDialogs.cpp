@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFontMetrics>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -29,6 +31,15 @@ QMessageBox::Icon toIcon(MessageIcon icon) {
             break;
     }
     return QMessageBox::NoIcon;
+}
+
+/// The width of a dialog in pixels at which a window manager shows its title
+/// whole: in bold letters, beside an icon and three buttons.
+int widthForTitle(const QDialog& dialog) {
+    constexpr int kIconAndButtons = 120;
+    QFont bold = dialog.font();
+    bold.setBold(true);
+    return QFontMetrics(bold).horizontalAdvance(dialog.windowTitle()) + kIconAndButtons;
 }
 
 }  // namespace
@@ -70,6 +81,9 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
     box.setWindowTitle(title.empty() ? kProgramTitle : toQString(title));
     box.setLabelText(toQString(prompt));
     box.setTextValue(toQString(preset));
+    // The box takes its own limits from its layout, so the line edit is what widens it.
+    if (auto* edit = box.findChild<QLineEdit*>())
+        edit->setMinimumWidth(widthForTitle(box));
     if (box.exec() != QDialog::Accepted)
         return std::nullopt;
     return toBytes(box.textValue());

@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QFontMetrics>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -89,6 +90,17 @@ TEST_F(DialogService, AnInputBoxOffersItsPresetAndGivesWhatIsTyped) {
         QTest::keyClick(edit, Qt::Key_Return);
     });
     EXPECT_EQ(dialogs.inputBox("first\nsecond", "Adjust FT Brightness", "100"), "2.5x");
+}
+
+TEST_F(DialogService, AnInputBoxIsWideEnoughForItsTitleWhateverItsPrompt) {
+    whenModal<QInputDialog>([](QInputDialog& box) {
+        QFont bold = box.font();
+        bold.setBold(true);
+        // An icon and three buttons of some 20 pixels stand beside the title.
+        EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + 4 * 20);
+        box.reject();
+    });
+    dialogs.inputBox("?", "A Title Of Several Words That Is Far Longer Than Its Prompt", "");
 }
 
 TEST_F(DialogService, ACancelledInputBoxGivesNothingAndAnEmptyOneTheEmptyText) {
