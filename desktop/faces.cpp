@@ -1,5 +1,7 @@
 #include "desktop/faces.h"
 
+#include <algorithm>
+
 #include "desktop/Conversions.h"
 
 namespace quillon {
@@ -30,6 +32,9 @@ void LabelFace::takeState() {
     palette.setColor(label_.foregroundRole(), toQColor(state.ForeColor));
     label_.setPalette(palette);
     ControlFace::takeState();
+    const auto* label = dynamic_cast<const Label*>(&state);
+    if (label != nullptr && label->AutoSize)
+        label_.resize(std::max(label_.width(), label_.sizeHint().width()), label_.height());
 }
 
 }  // namespace quillon

@@ -126,6 +126,8 @@ Property<Value>& Property<Value>::operator=(Value value) {
 class Label : public Control {
 public:
     using Control::Control;
+    /// The label is shown as wide as its text where that is wider than Width.
+    Property<bool> AutoSize{*this};
 };
 
 }  // namespace quillon

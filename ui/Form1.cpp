@@ -169,6 +169,7 @@ Form1::Form1(Desktop& desktop_, const Folders& folders)
     // No scheme paints the ground of these: they lie on that of their box.
     for (Label* label : {&Label1, &Label2(0), &LHIST, &lbHIS})
         label->BackStyle = 0;
+    LHIST.AutoSize = true;
     lbTAB(0).FontBold = true;
     lbTAB(0).FontSize = 9;
     lbTAB(1).FontSize = 8;

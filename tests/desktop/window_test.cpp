@@ -63,6 +63,15 @@ TEST_F(TheWindow, HasAWidgetForEveryControlThatCanBeSeen) {
     }
 }
 
+TEST_F(TheWindow, ShowsTheHistogramsGreyRangeWhole) {
+    form().mnuImg1a(10);
+    const QLabel* range = window().findChild<QLabel*>(QStringLiteral("LHIST"));
+    ASSERT_NE(range, nullptr);
+    EXPECT_TRUE(range->text().startsWith(QStringLiteral("grayrange: ")));
+    EXPECT_GE(range->width(), range->sizeHint().width());
+    EXPECT_EQ(range->pos(), placeOf(form().LHIST).topLeft());
+}
+
 TEST_F(TheWindow, NamesEveryShownControlForAScreenReader) {
     for (const char* name :
          {"pb1",      "pb2",      "pb3",      "pb4",      "pb5",       "pb6",      "lbBR1(0)",
