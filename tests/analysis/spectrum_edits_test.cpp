@@ -70,7 +70,7 @@ TEST_F(SpectrumEdits, AreThePlainLoopsOverThePicturesOfALesson) {
             lab.show(picture);
             channel.CalculateAll();
             const Spectrum expected = each.reference(channel.spectrum(), rnd);
-            (channel.*each.edit)();
+            std::invoke(each.edit, channel);
             EXPECT_EQ(differingCells(channel.spectrum(), expected), 0) << each.name;
         }
 }
@@ -85,7 +85,7 @@ TEST_F(SpectrumEdits, AreThePlainLoopsOverSpectraOfEverySize) {
             const Spectrum expected = each.reference(channel.spectrum(), rnd);
             lab.rnd = Rnd();
             // Some of these spectra have steps that no Single holds.
-            if (errorOf([&] { (channel.*each.edit)(); }) != ErrorNumber{})
+            if (errorOf([&] { std::invoke(each.edit, channel); }) != ErrorNumber{})
                 continue;
             ++finished;
             EXPECT_EQ(differingCells(channel.spectrum(), expected), 0)
@@ -111,7 +111,7 @@ TEST_F(SpectrumEdits, EndWithTheSpectrumDrawnAndThenTheInverse) {
                                                "screen.setMousePointer(0)"};
     for (const NamedEdit& each : kEdits) {
         lab.log.clear();
-        (channel.*each.edit)();
+        std::invoke(each.edit, channel);
         EXPECT_EQ(lab.calls(), expected) << each.name;
     }
     ExchangeArray p(256, 256);
@@ -133,7 +133,7 @@ TEST_F(SpectrumEdits, ShowWhatARedrawAndAnInverseRunShow) {
         for (const NamedEdit& each : kEdits) {
             channel.runFOURN(1);
             const Bitmap before = lab.pb2.Image();
-            (channel.*each.edit)();
+            std::invoke(each.edit, channel);
             const Bitmap spectrum = lab.pb2.Image();
             const Bitmap reconstruction = lab.pb3.Image();
             channel.RedrawFT(1, 0);
@@ -150,7 +150,7 @@ TEST_F(SpectrumEdits, LeaveTheImageAndTheFilterAlone) {
     channel.SetFilterFT(2);
     channel.SetFilterRad(12.5F);
     for (const NamedEdit& each : kEdits)
-        (channel.*each.edit)();
+        std::invoke(each.edit, channel);
     EXPECT_TRUE(image == lab.pb1.Image());
     EXPECT_TRUE(channel.bFilter && channel.bLowpass && channel.bRing);
     EXPECT_EQ(channel.filter_rad, 12.5F);
@@ -171,7 +171,7 @@ TEST_F(SpectrumEdits, AreNotFilteredThemselvesButShowThroughTheFilter) {
 TEST_F(SpectrumEdits, LastUntilTheNextForwardTransform) {
     const Spectrum before = channel.spectrum();
     for (const NamedEdit& each : kEdits) {
-        (channel.*each.edit)();
+        std::invoke(each.edit, channel);
         EXPECT_GT(differingCells(channel.spectrum(), before), 60000) << each.name;
         channel.runFOURN(1);
         EXPECT_EQ(differingCells(channel.spectrum(), before), 0) << each.name;
@@ -184,7 +184,7 @@ TEST_F(SpectrumEdits, OfAChannelWithoutAnImageDoNothing) {
     const Bitmap spectrum = lab.pb2.Image();
     const Bitmap reconstruction = lab.pb3.Image();
     for (const NamedEdit& each : kEdits)
-        (channel.*each.edit)();
+        std::invoke(each.edit, channel);
     // No cell of this array could be taken, but none is asked for.
     channel.SwapPhases(ExchangeArray(2, 2));
     EXPECT_EQ(differingCells(channel.spectrum(), before), 0);
@@ -200,7 +200,7 @@ TEST_F(SpectrumEdits, ChangeTheZeroFrequencyLikeEveryOtherCell) {
         channel.runFOURN(1);
         const ComplexCell before = channel.spectrum()(0, 0);
         const Spectrum expected = each.reference(channel.spectrum(), rnd);
-        (channel.*each.edit)();
+        std::invoke(each.edit, channel);
         const ComplexCell& after = channel.spectrum()(0, 0);
         EXPECT_EQ(after.re, expected(0, 0).re) << each.name;
         // Without a phase of its own it is its own magnitude already.
@@ -236,9 +236,9 @@ TEST_F(SpectrumEdits, OfAnExactZeroGiveOneWithoutPhaseAndZeroWithoutMagnitude) {
 TEST_F(SpectrumEdits, DiscardingTwiceIsDiscardingOnce) {
     for (const Edit edit : {&clComplexImage::DiscardPhases, &clComplexImage::DiscardMagnitudes}) {
         channel.runFOURN(1);
-        (channel.*edit)();
+        std::invoke(edit, channel);
         const Spectrum once = channel.spectrum();
-        (channel.*edit)();
+        std::invoke(edit, channel);
         for (Long u = 0; u < 256; ++u)
             for (Long v = 0; v < 256; ++v) {
                 const ComplexCell& a = once(u, v);
