@@ -1,3 +1,4 @@
+#include <QFile>
 #include <QPixmap>
 #include <cstdio>
 #include <cstdlib>
@@ -8,9 +9,12 @@
 #include "desktop/LabWindow.h"
 #include "desktop/QtDesktop.h"
 #include "engine/RunTimeError.h"
+#include "tools/panel_shots.h"
+#include "tools/picture_request.h"
 
-// quillon-picture OUT.png [SCRIPT]: opens the window as the program does, with a
-// script in force if one is named, and writes what it shows as a picture.
+// quillon-picture opens the window as the program does, with a script in force if
+// one is named, takes the steps asked for, and writes what the window or its
+// panels show as pictures.
 
 namespace {
 
@@ -40,27 +44,54 @@ public:
     void openAddress(const std::string&) override {}
 };
 
-/// The command line of the window is what follows the picture's name.
+/// The command line of the window is the script's name alone.
 class PictureEnvironment : public QtEnvironment {
 public:
-    std::string commandLine() override {
-        return toBytes(QCoreApplication::arguments().mid(2).join(u' '));
-    }
+    explicit PictureEnvironment(const QString& script) : script_(toBytes(script)) {}
+    std::string commandLine() override { return script_; }
+
+private:
+    std::string script_;
 };
+
+bool write(const QImage& picture, const QString& file) {
+    if (picture.save(file, "PNG"))
+        return true;
+    std::fprintf(stderr, "quillon-picture: cannot write %s\n", qPrintable(file));
+    return false;
+}
+
+bool writePictures(LabWindow& lab, const PictureRequest& request) {
+    if (request.shape == PictureShape::Window)
+        return write(lab.window().grab().toImage(), request.target);
+    if (request.shape == PictureShape::Row)
+        return write(rowShot(lab.window(), lab.form(), request.row), request.target);
+    for (Integer panel = 1; panel <= 6; ++panel)
+        if (!write(panelShot(lab.window(), lab.form(), panel),
+                   QStringLiteral("%1-%2.png").arg(request.target).arg(panel)))
+            return false;
+    return true;
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2) {
-        std::fprintf(stderr, "usage: quillon-picture OUT.png [SCRIPT]\n");
-        return EXIT_FAILURE;
-    }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     DesktopApplication application(argc, argv);
+    const auto request = parsePictureRequest(QCoreApplication::arguments().mid(1));
+    if (!request) {
+        std::fputs(kPictureUsage, stderr);
+        return EXIT_FAILURE;
+    }
+    // The window passes over a script that isn't there and shows the samples.
+    if (!request->script.isEmpty() && !QFile::exists(request->script)) {
+        std::fprintf(stderr, "quillon-picture: there is no %s\n", qPrintable(request->script));
+        return EXIT_FAILURE;
+    }
     WrittenDialogs dialogs;
     QuietShell shell;
-    PictureEnvironment environment;
+    PictureEnvironment environment(request->script);
     QtDesktop services;
     application.setDialogs(dialogs);
     Desktop desktop{
@@ -73,10 +104,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "quillon-picture: there is no window to draw\n");
         return EXIT_FAILURE;
     }
-    const QString file = QCoreApplication::arguments().at(1);
-    if (!lab.window().grab().save(file, "PNG")) {
-        std::fprintf(stderr, "quillon-picture: cannot write %s\n", argv[1]);
-        return EXIT_FAILURE;
-    }
-    return EXIT_SUCCESS;
+    for (const PictureStep& step : request->steps)
+        takeStep(lab.form(), step);
+    QCoreApplication::processEvents();
+    return writePictures(lab, *request) ? EXIT_SUCCESS : EXIT_FAILURE;
 }

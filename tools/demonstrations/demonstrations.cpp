@@ -1,0 +1,13 @@
+#include "tools/demonstrations/demonstrations.h"
+
+namespace quillon::demonstrations {
+
+std::vector<Demonstration> drawAll() {
+    std::vector<Demonstration> pictures;
+    addWaves(pictures);
+    addEdges(pictures);
+    addTextures(pictures);
+    return pictures;
+}
+
+}  // namespace quillon::demonstrations
