@@ -23,7 +23,7 @@ void clComplexImage::GetProfile(std::span<Single> v, Single& vmax, Single x, Sin
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     const Long row = centredCell(nfftY, static_cast<Double>(y));
     for (Long i = 0; i < nfftX; ++i) {
-        const ComplexCell& cell = ftData.at(centredCell(nfftX, i), row);
+        const ComplexCell cell = ftData.at(centredCell(nfftX, i), row);
         const Double re = cell.re;
         const Double im = cell.im;
         const auto magnitude = static_cast<Single>(std::sqrt(re * re + im * im));

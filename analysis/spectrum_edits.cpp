@@ -49,10 +49,9 @@ void clComplexImage::visitSpectrum(Visit visit) {
 
 template <class Edit>
 void clComplexImage::editSpectrum(Edit edit) {
-    visitSpectrum([&](Long u, Long v, ComplexCell& cell) {
+    visitSpectrum([&](Long u, Long v, ComplexCellReference cell) {
         const Edited edited = edit(u, v, cell);
-        cell.re = edited.re;
-        cell.im = edited.im;
+        cell = {edited.re, edited.im};
     });
 }
 
@@ -141,7 +140,7 @@ void clComplexImage::SwapPhases(const ExchangeArray& p) {
 void clComplexImage::GetFTArray(ExchangeArray& p) const {
     for (Long u = 0; u < nfftX; ++u)
         for (Long v = 0; v < nfftY; ++v) {
-            const ComplexCell& cell = ftData.at(u, v);
+            const ComplexCell cell = ftData.at(u, v);
             p(u, v, 0) = cell.re;
             p(u, v, 1) = cell.im;
         }

@@ -7,8 +7,8 @@
 namespace quillon {
 
 std::string clComplexImage::getVXY(Single x, Single y) const {
-    const ComplexCell& cell = ftData.at(centredCell(nfftX, static_cast<Double>(x)),
-                                        centredCell(nfftY, static_cast<Double>(y)));
+    const ComplexCell cell = ftData.at(centredCell(nfftX, static_cast<Double>(x)),
+                                       centredCell(nfftY, static_cast<Double>(y)));
     const Double re = cell.re;
     const Double im = cell.im;
     switch (mView) {

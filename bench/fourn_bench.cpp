@@ -58,8 +58,8 @@ void run() {
 
     // data(1) on a cache line, as the yardstick's own array lies; then the array of
     // a std::vector, whose data(1) lies anywhere.
-    const kernels::AlignedFloats memory = kernels::alignedFloats(kFloats + 16);
-    const std::span<Single> aligned(memory.get() + 15, kFloats + 1);
+    kernels::AlignedFloats memory(kFloats + 16);
+    const std::span<Single> aligned(memory.data() + 15, kFloats + 1);
     std::vector<Single> anywhere(kFloats + 1);
     bench.add(
         "fourn", [&] { fourn(aligned, kSides, 2, 1); }, fill(aligned.data() + 1));
@@ -70,8 +70,8 @@ void run() {
         "plain loop", [&] { plainFourn(anywhere, kSides, 2, 1); }, fill(anywhere.data() + 1),
         kSlowEvery);
 
-    ComplexPlanes spectrum;
-    ComplexPlanes picture;
+    ComplexGrid spectrum(256, 256);
+    ComplexGrid picture(256, 256);
     forwardTransform256(std::span<const std::uint8_t, 256 * 256>(pixels), spectrum);
     const CellBits cut = checkeredCut();
     for (const kernels::Transform256Level* level : kernels::transform256Levels()) {
@@ -86,21 +86,22 @@ void run() {
         bench.add(
             name + ": pixels to spectrum",
             [&, level] {
-                level->forward(pixels.data(), spectrum.re(), spectrum.im(), ComplexPlanes::kStride);
+                level->forward(pixels.data(), spectrum.realPlane(), spectrum.imaginaryPlane(),
+                               spectrum.stride());
             },
             {}, every);
         bench.add(
             name + ": spectrum to picture",
             [&, level] {
-                level->inverse(spectrum.re(), spectrum.im(), nullptr, picture.re(), picture.im(),
-                               ComplexPlanes::kStride);
+                level->inverse(spectrum.realPlane(), spectrum.imaginaryPlane(), nullptr,
+                               picture.realPlane(), picture.imaginaryPlane(), spectrum.stride());
             },
             {}, every);
         bench.add(
             name + ": cut spectrum to picture",
             [&, level] {
-                level->inverse(spectrum.re(), spectrum.im(), cut.front().data(), picture.re(),
-                               picture.im(), ComplexPlanes::kStride);
+                level->inverse(spectrum.realPlane(), spectrum.imaginaryPlane(), cut.front().data(),
+                               picture.realPlane(), picture.imaginaryPlane(), spectrum.stride());
             },
             {}, every);
     }

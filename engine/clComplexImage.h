@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "engine/Bitmap.h"
+#include "engine/ComplexGrid.h"
 #include "engine/Control.h"
 #include "engine/Desktop.h"
 #include "engine/ExchangeArray.h"
@@ -21,13 +22,6 @@ namespace quillon {
 inline constexpr Long kTransformSide = 256;
 /// How many mask rectangles a channel can hold.
 inline constexpr Integer kMaskLimit = 1000;
-
-/// One complex value. The third Single is part of the cell and never used.
-struct ComplexCell {
-    Single re = 0;
-    Single im = 0;
-    Single unused = 0;
-};
 
 /// For a pixel of the FT panel, the cell of ftData that is shown there.
 struct FtIndexCell {
@@ -222,8 +216,8 @@ public:
     void draw3DFT();
 
     // What a reader of the numbers may look at.
-    const Grid<ComplexCell>& spectrum() const noexcept { return ftData; }
-    const Grid<ComplexCell>& reconstruction() const noexcept { return imgData; }
+    const ComplexGrid& spectrum() const noexcept { return ftData; }
+    const ComplexGrid& reconstruction() const noexcept { return imgData; }
     const Grid<FtIndexCell>& spectrumIndex() const noexcept { return ftIndex; }
     Single linearFactor() const noexcept { return ifacLinear; }
     Single sqrtFactor() const noexcept { return ifacSqrt; }
@@ -253,8 +247,7 @@ private:
     /// Mode 1 draws a spectrum, centred, by view and scale, and rebuilds ftIndex;
     /// mode 0 a reconstruction, stretched to the full range of greys. Errors end
     /// in a message box.
-    void DrawFT(const Grid<ComplexCell>& data, Long w, Long h, PictureBox* pb, Integer mode,
-                bool invert);
+    void DrawFT(const ComplexGrid& data, Long w, Long h, PictureBox* pb, Integer mode, bool invert);
     void drawSurfaceIfShown();
     template <class Visit>
     void visitSpectrum(Visit visit);
@@ -290,8 +283,8 @@ private:
     Long nfftX = 0;
     Long nfftY = 0;
     Long nfftTotal = 0;
-    Grid<ComplexCell> imgData;
-    Grid<ComplexCell> ftData;
+    ComplexGrid imgData;
+    ComplexGrid ftData;
     Grid<FtIndexCell> ftIndex;
     std::array<MaskRectangle, kMaskLimit> maskRect{};
     std::array<Long, 256> lutGray{};

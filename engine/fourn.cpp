@@ -137,8 +137,8 @@ void transformSquare(Single* elements, Integer isign) {
         return;
     }
     constexpr std::ptrdiff_t kStride = 512 + 16;
-    thread_local const kernels::AlignedFloats between = kernels::alignedFloats(256 * kStride);
-    kernels::transform256().flat(elements, between.get(), kStride, twiddles);
+    thread_local kernels::AlignedFloats between(256 * kStride);
+    kernels::transform256().flat(elements, between.data(), kStride, twiddles);
 }
 
 }  // namespace

@@ -28,7 +28,7 @@ std::size_t area(Long w, Long h) {
     return static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
 }
 
-void requireCells(const Grid<ComplexCell>& cells, Long w, Long h) {
+void requireCells(const ComplexGrid& cells, Long w, Long h) {
     if (w > 0 && h > 0 && (w - 1 > cells.xBound() || h - 1 > cells.yBound()))
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
 }
@@ -54,11 +54,12 @@ std::vector<Integer> centred(Long length) {
 }
 
 template <class ValueOf>
-std::vector<Single> plane(const Grid<ComplexCell>& cells, Long w, Long h, ValueOf valueOf) {
+std::vector<Single> plane(const ComplexGrid& cells, Long w, Long h, ValueOf valueOf) {
     std::vector<Single> values(area(w, h));
     auto value = values.begin();
     for (Long j = 0; j < h; ++j)
-        value = std::transform(cells.row(j), cells.row(j) + w, value, valueOf);
+        for (Long i = 0; i < w; ++i)
+            *value++ = valueOf(cells(i, j));
     return values;
 }
 
@@ -90,8 +91,7 @@ Single PhaseDeg(Single re, Single im) {
     return static_cast<Single>(Atan2Rad(im, re) / kDegree);
 }
 
-SpectrumPasses::SpectrumPasses(const Grid<ComplexCell>& cells, Long w, Long h,
-                               const SpectrumLook& look)
+SpectrumPasses::SpectrumPasses(const ComplexGrid& cells, Long w, Long h, const SpectrumLook& look)
     : cells_(cells), w_(w), h_(h), look_(look), columns_(centred(w)), rows_(centred(h)) {
     requireCells(cells, w, h);
 }
@@ -198,7 +198,8 @@ void SpectrumPasses::colourRow(Long j, std::span<const Integer> levels,
             words[static_cast<std::size_t>(columns_[i])] =
                 wordOf(i, static_cast<std::size_t>(levels[i]));
     };
-    const ComplexCell* cells = cells_.row(j);
+    const std::span<const Single> realParts = cells_.realRow(j);
+    const std::span<const Single> imaginaryParts = cells_.imaginaryRow(j);
     const std::span<const Single> values = valuesOfRow(j);
     const std::span<const Single> phases = phasesOfRow(j);
     switch (look_.view) {
@@ -217,12 +218,12 @@ void SpectrumPasses::colourRow(Long j, std::span<const Integer> levels,
             break;
         case 3:
             colour([&](std::size_t i, std::size_t g) {
-                return look_.lutRe[cells[i].re < 0.0F ? 255 - g : 255 + g];
+                return look_.lutRe[realParts[i] < 0.0F ? 255 - g : 255 + g];
             });
             break;
         default:
             colour([&](std::size_t i, std::size_t g) {
-                return look_.lutIm[cells[i].im < 0.0F ? 255 - g : 255 + g];
+                return look_.lutIm[imaginaryParts[i] < 0.0F ? 255 - g : 255 + g];
             });
     }
 }
@@ -236,15 +237,15 @@ std::span<const Single> SpectrumPasses::phasesOfRow(Long j) const {
                            : std::span(phases_).subspan(area(w_, j), columns_.size());
 }
 
-std::vector<PixelWord> paintReconstruction(const Grid<ComplexCell>& cells, Long w, Long h,
-                                           Integer view, Inversion inversion) {
+std::vector<PixelWord> paintReconstruction(const ComplexGrid& cells, Long w, Long h, Integer view,
+                                           Inversion inversion) {
     requireCells(cells, w, h);
     Single rmin = 0;
     Single rmax = 0;
     for (Long j = 0; j < h; ++j)
-        for (const ComplexCell& cell : std::span(cells.row(j), static_cast<std::size_t>(w))) {
-            rmin = MinOf(cell.re, rmin);
-            rmax = MaxOf(cell.re, rmax);
+        for (const Single re : cells.realRow(j).first(static_cast<std::size_t>(w))) {
+            rmin = MinOf(re, rmin);
+            rmax = MaxOf(re, rmax);
         }
     // The test looks at the view's values, although the picture is always grey.
     // Without imaginary parts they need no roots: the size of a real part in the
@@ -260,11 +261,11 @@ std::vector<PixelWord> paintReconstruction(const Grid<ComplexCell>& cells, Long 
     std::vector<PixelWord> words(area(w, h));
     auto word = words.begin();
     for (Long j = 0; j < h; ++j)
-        word = std::transform(cells.row(j), cells.row(j) + w, word, [&](const ComplexCell& cell) {
-            const Long level = nearest((cell.re - rmin) * 255.0F / range);
+        for (const Single re : cells.realRow(j).first(static_cast<std::size_t>(w))) {
+            const Long level = nearest((re - rmin) * 255.0F / range);
             const Long g = inversion == Inversion::On ? 255 - level : level;
-            return g << 16 | g << 8 | g;
-        });
+            *word++ = g << 16 | g << 8 | g;
+        }
     return words;
 }
 

@@ -42,7 +42,7 @@ class SpectrumPasses {
 public:
     /// The cells 0 to w-1 by 0 to h-1 of `cells`; throws SubscriptOutOfRange
     /// where they do not all exist.
-    SpectrumPasses(const Grid<ComplexCell>& cells, Long w, Long h, const SpectrumLook& look);
+    SpectrumPasses(const ComplexGrid& cells, Long w, Long h, const SpectrumLook& look);
 
     /// Takes the value of every cell in the view, and gives the largest one, its
     /// root in the square-root scale. 0 means that there is nothing to show.
@@ -62,7 +62,7 @@ private:
     std::span<const Single> valuesOfRow(Long j) const;
     std::span<const Single> phasesOfRow(Long j) const;
 
-    const Grid<ComplexCell>& cells_;
+    const ComplexGrid& cells_;
     Long w_;
     Long h_;
     SpectrumLook look_;
@@ -79,7 +79,7 @@ private:
 /// real part with 0 included. Gives no words where the view finds every value of
 /// `cells` to be 0: the panel then keeps its picture. The imaginary parts are
 /// taken as 0. Throws Overflow where a step does not fit a Single.
-std::vector<PixelWord> paintReconstruction(const Grid<ComplexCell>& cells, Long w, Long h,
-                                           Integer view, Inversion inversion);
+std::vector<PixelWord> paintReconstruction(const ComplexGrid& cells, Long w, Long h, Integer view,
+                                           Inversion inversion);
 
 }  // namespace quillon

@@ -152,7 +152,7 @@ bool clComplexImage::copySpectrum(std::span<Single> data) const {
     forEachCell([&](Long x, Long y) {
         if (x > ftData.xBound() || y > ftData.yBound())
             return;
-        const ComplexCell& cell = ftData(x, y);
+        const ComplexCell cell = ftData(x, y);
         const auto re = static_cast<Single>(cell.re / total);
         data[realPart(x, y)] = re;
         data[imaginaryPart(x, y)] = static_cast<Single>(cell.im / total);

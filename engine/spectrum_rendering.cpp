@@ -33,8 +33,8 @@ SpectrumLook clComplexImage::spectrumLook(bool invert) const {
             .lutIm = lutIm};
 }
 
-void clComplexImage::DrawFT(const Grid<ComplexCell>& data, Long w, Long h, PictureBox* pb,
-                            Integer mode, bool invert) {
+void clComplexImage::DrawFT(const ComplexGrid& data, Long w, Long h, PictureBox* pb, Integer mode,
+                            bool invert) {
     // The index is renewed even where nothing is drawn: a spectrum that shows
     // nothing leaves all its entries at (0, 0).
     if (mode == 1)

@@ -38,42 +38,49 @@ std::span<const Single> elementsOf(const FournGrid& grid) {
     return std::span<const Single>(grid.data).subspan(1, kFloats);
 }
 
-void fillPadding(ComplexPlanes& planes) {
-    for (std::ptrdiff_t y = 0; y < 256; ++y) {
-        for (std::ptrdiff_t x = 256; x < ComplexPlanes::kStride; ++x) {
-            planes.re()[ComplexPlanes::at(x, y)] = kPadding;
-            planes.im()[ComplexPlanes::at(x, y)] = kPadding;
+/// Planes of 256 by 256 cells with padding behind every row and below the last.
+ComplexGrid paddedPlanes() {
+    ComplexGrid planes(256, 256);
+    for (std::ptrdiff_t y = 0; y <= 256; ++y) {
+        for (std::ptrdiff_t x = y < 256 ? 256 : 0; x < planes.stride(); ++x) {
+            planes.realPlane()[y * planes.stride() + x] = kPadding;
+            planes.imaginaryPlane()[y * planes.stride() + x] = kPadding;
         }
-    }
-}
-
-void expectPaddingUntouched(const ComplexPlanes& planes) {
-    for (std::ptrdiff_t y = 0; y < 256; ++y) {
-        for (std::ptrdiff_t x = 256; x < ComplexPlanes::kStride; ++x) {
-            ASSERT_EQ(planes.re()[ComplexPlanes::at(x, y)], kPadding) << x << "," << y;
-            ASSERT_EQ(planes.im()[ComplexPlanes::at(x, y)], kPadding) << x << "," << y;
-        }
-    }
-}
-
-ComplexPlanes planesOf(const FournGrid& grid) {
-    ComplexPlanes planes;
-    fillPadding(planes);
-    for (std::size_t k = 0; k < kSide * kSide; ++k) {
-        const auto x = static_cast<std::ptrdiff_t>(k / kSide);
-        const auto y = static_cast<std::ptrdiff_t>(k % kSide);
-        planes.re()[ComplexPlanes::at(x, y)] = grid.re(k);
-        planes.im()[ComplexPlanes::at(x, y)] = grid.im(k);
     }
     return planes;
 }
 
-/// The 256 by 256 values of a plane, in the order of the flattened array.
-std::vector<Single> flattened(const Single* plane) {
+void expectPaddingUntouched(const ComplexGrid& planes) {
+    for (std::ptrdiff_t y = 0; y <= 256; ++y) {
+        for (std::ptrdiff_t x = y < 256 ? 256 : 0; x < planes.stride(); ++x) {
+            ASSERT_EQ(planes.realPlane()[y * planes.stride() + x], kPadding) << x << "," << y;
+            ASSERT_EQ(planes.imaginaryPlane()[y * planes.stride() + x], kPadding) << x << "," << y;
+        }
+    }
+}
+
+ComplexGrid planesOf(const FournGrid& grid) {
+    ComplexGrid planes = paddedPlanes();
+    for (std::size_t k = 0; k < kSide * kSide; ++k)
+        planes(static_cast<Long>(k / kSide), static_cast<Long>(k % kSide)) = {grid.re(k),
+                                                                              grid.im(k)};
+    return planes;
+}
+
+/// The 256 by 256 real parts, in the order of the flattened array.
+std::vector<Single> realParts(const ComplexGrid& planes) {
     std::vector<Single> values;
-    for (std::ptrdiff_t x = 0; x < 256; ++x)
-        for (std::ptrdiff_t y = 0; y < 256; ++y)
-            values.push_back(plane[ComplexPlanes::at(x, y)]);
+    for (Long x = 0; x < 256; ++x)
+        for (Long y = 0; y < 256; ++y)
+            values.push_back(planes(x, y).re);
+    return values;
+}
+
+std::vector<Single> imaginaryParts(const ComplexGrid& planes) {
+    std::vector<Single> values;
+    for (Long x = 0; x < 256; ++x)
+        for (Long y = 0; y < 256; ++y)
+            values.push_back(planes(x, y).im);
     return values;
 }
 
@@ -142,29 +149,29 @@ INSTANTIATE_TEST_SUITE_P(OfThisMachine, FournLevels,
                          });
 
 TEST_P(FournLevels, InPlaceItHasTheBitsOfThePlainLoop) {
-    const kernels::AlignedFloats data = kernels::alignedFloats(kFloats);
+    kernels::AlignedFloats data(kFloats);
     for (const NamedGrid& input : squareGrids()) {
         for (const Integer isign : kBothSigns) {
             const FournGrid expected = plain(input.grid, isign);
-            std::ranges::copy(elementsOf(input.grid), data.get());
-            level().flat(data.get(), data.get(), 512, twiddles(isign));
-            expectSameBits({data.get(), kFloats}, elementsOf(expected), input.name);
+            std::ranges::copy(elementsOf(input.grid), data.data());
+            level().flat(data.data(), data.data(), 512, twiddles(isign));
+            expectSameBits({data.data(), kFloats}, elementsOf(expected), input.name);
         }
     }
 }
 
 TEST_P(FournLevels, WithRoomBetweenItHasTheBitsOfThePlainLoopAtAnyAlignment) {
-    const kernels::AlignedFloats between = kernels::alignedFloats(256 * 528);
-    const kernels::AlignedFloats memory = kernels::alignedFloats(kFloats + 32);
+    kernels::AlignedFloats between(256 * 528);
+    kernels::AlignedFloats memory(kFloats + 32);
     const std::vector<NamedGrid> inputs = squareGrids();
     for (std::size_t offset = 1; offset <= 16; ++offset) {
         const NamedGrid& input = inputs[offset % inputs.size()];
         const FournGrid expected = plain(input.grid, 1);
-        Single* const data = memory.get() + offset;
+        Single* const data = memory.data() + offset;
         data[-1] = kPadding;
         data[kFloats] = kPadding;
         std::ranges::copy(elementsOf(input.grid), data);
-        level().flat(data, between.get(), 528, twiddles(1));
+        level().flat(data, between.data(), 528, twiddles(1));
         expectSameBits({data, kFloats}, elementsOf(expected), input.name);
         EXPECT_EQ(data[-1], kPadding);
         EXPECT_EQ(data[kFloats], kPadding);
@@ -178,12 +185,12 @@ TEST_P(FournLevels, FromPixelsItHasTheBitsOfThePlainLoop) {
         for (std::size_t k = 0; k < kSide * kSide; ++k)
             grid.re(k) = pixels[k % kSide * kSide + k / kSide];
         const FournGrid expected = plain(grid, 1);
-        ComplexPlanes spectrum;
-        fillPadding(spectrum);
-        level().forward(pixels.data(), spectrum.re(), spectrum.im(), ComplexPlanes::kStride);
+        ComplexGrid spectrum = paddedPlanes();
+        level().forward(pixels.data(), spectrum.realPlane(), spectrum.imaginaryPlane(),
+                        spectrum.stride());
         const std::string name = "picture " + std::to_string(kind);
-        expectSameBits(flattened(spectrum.re()), realParts(expected), name + ", real");
-        expectSameBits(flattened(spectrum.im()), imaginaryParts(expected), name + ", imaginary");
+        expectSameBits(realParts(spectrum), realParts(expected), name + ", real");
+        expectSameBits(imaginaryParts(spectrum), imaginaryParts(expected), name + ", imaginary");
         expectPaddingUntouched(spectrum);
     }
 }
@@ -195,10 +202,11 @@ TEST_P(FournLevels, FromSinglePixelsItHasTheBitsOfThePlainLoop) {
         FournGrid grid({256, 256});
         grid.re(pixel % kSide * kSide + pixel / kSide) = 200;
         const FournGrid expected = plain(grid, 1);
-        ComplexPlanes spectrum;
-        level().forward(pixels.data(), spectrum.re(), spectrum.im(), ComplexPlanes::kStride);
-        expectSameBits(flattened(spectrum.re()), realParts(expected), "real");
-        expectSameBits(flattened(spectrum.im()), imaginaryParts(expected), "imaginary");
+        ComplexGrid spectrum(256, 256);
+        level().forward(pixels.data(), spectrum.realPlane(), spectrum.imaginaryPlane(),
+                        spectrum.stride());
+        expectSameBits(realParts(spectrum), realParts(expected), "real");
+        expectSameBits(imaginaryParts(spectrum), imaginaryParts(expected), "imaginary");
     }
 }
 
@@ -209,15 +217,14 @@ TEST_P(FournLevels, BackToAPictureItHasTheBitsOfThePlainLoop) {
     for (const NamedGrid& input : squareGrids()) {
         for (const CellBits* bits : {static_cast<const CellBits*>(nullptr), &none, &cut, &all}) {
             const FournGrid expected = plain(dividedAndCut(input.grid, bits), -1);
-            const ComplexPlanes spectrum = planesOf(input.grid);
-            ComplexPlanes picture;
-            fillPadding(picture);
-            level().inverse(spectrum.re(), spectrum.im(),
-                            bits == nullptr ? nullptr : bits->front().data(), picture.re(),
-                            picture.im(), ComplexPlanes::kStride);
-            expectSameBits(flattened(picture.re()), realParts(expected), input.name);
+            const ComplexGrid spectrum = planesOf(input.grid);
+            ComplexGrid picture = paddedPlanes();
+            level().inverse(spectrum.realPlane(), spectrum.imaginaryPlane(),
+                            bits == nullptr ? nullptr : bits->front().data(), picture.realPlane(),
+                            picture.imaginaryPlane(), spectrum.stride());
+            expectSameBits(realParts(picture), realParts(expected), input.name);
             expectPaddingUntouched(picture);
-            expectSameBits(flattened(spectrum.re()), realParts(input.grid),
+            expectSameBits(realParts(spectrum), realParts(input.grid),
                            input.name + ", the spectrum");
         }
     }
@@ -225,12 +232,12 @@ TEST_P(FournLevels, BackToAPictureItHasTheBitsOfThePlainLoop) {
 
 TEST_P(FournLevels, TheExtremesOfThePictureAreFound) {
     for (const NamedGrid& input : squareGrids()) {
-        const ComplexPlanes spectrum = planesOf(input.grid);
-        ComplexPlanes picture;
+        const ComplexGrid spectrum = planesOf(input.grid);
+        ComplexGrid picture(256, 256);
         const InverseFindings findings =
-            level().inverse(spectrum.re(), spectrum.im(), nullptr, picture.re(), picture.im(),
-                            ComplexPlanes::kStride);
-        const std::vector<Single> values = flattened(picture.re());
+            level().inverse(spectrum.realPlane(), spectrum.imaginaryPlane(), nullptr,
+                            picture.realPlane(), picture.imaginaryPlane(), spectrum.stride());
+        const std::vector<Single> values = realParts(picture);
         EXPECT_EQ(findings.lowest, *std::ranges::min_element(values)) << input.name;
         EXPECT_EQ(findings.highest, *std::ranges::max_element(values)) << input.name;
     }
@@ -241,12 +248,12 @@ TEST_P(FournLevels, OnlyARealPartThatIsLeftAfterTheDivisionCounts) {
         FournGrid grid({256, 256});
         grid.re(77 * kSide + 200) = re;
         grid.im(12 * kSide + 13) = im;
-        const ComplexPlanes spectrum = planesOf(grid);
+        const ComplexGrid spectrum = planesOf(grid);
         const CellBits all = everyCell();
-        ComplexPlanes picture;
+        ComplexGrid picture(256, 256);
         return level()
-            .inverse(spectrum.re(), spectrum.im(), all.front().data(), picture.re(), picture.im(),
-                     ComplexPlanes::kStride)
+            .inverse(spectrum.realPlane(), spectrum.imaginaryPlane(), all.front().data(),
+                     picture.realPlane(), picture.imaginaryPlane(), spectrum.stride())
             .anyRealPart;
     };
     EXPECT_TRUE(anyRealPart(1, 0)) << "the cut comes later";
@@ -264,24 +271,24 @@ TEST(FournLevelChoice, TheLastLevelServesTheLab) {
 
 TEST(FournLevelChoice, TheDoorsUseIt) {
     const std::vector<std::uint8_t> pixels = testPicture(0);
-    ComplexPlanes spectrum;
+    ComplexGrid spectrum(256, 256);
     forwardTransform256(std::span<const std::uint8_t, 65536>(pixels), spectrum);
-    ComplexPlanes expected;
-    kernels::transform256().forward(pixels.data(), expected.re(), expected.im(),
-                                    ComplexPlanes::kStride);
-    expectSameBits(flattened(spectrum.re()), flattened(expected.re()), "real");
-    expectSameBits(flattened(spectrum.im()), flattened(expected.im()), "imaginary");
+    ComplexGrid expected(256, 256);
+    kernels::transform256().forward(pixels.data(), expected.realPlane(), expected.imaginaryPlane(),
+                                    spectrum.stride());
+    expectSameBits(realParts(spectrum), realParts(expected), "real");
+    expectSameBits(imaginaryParts(spectrum), imaginaryParts(expected), "imaginary");
 
-    ComplexPlanes picture;
+    ComplexGrid picture(256, 256);
     const InverseFindings findings = inverseTransform256(spectrum, nullptr, picture);
     EXPECT_TRUE(findings.anyRealPart);
     // The transform there and back gives the picture within the rounding.
-    const std::vector<Single> values = flattened(picture.re());
+    const std::vector<Single> values = realParts(picture);
     for (std::size_t k = 0; k < values.size(); ++k)
         ASSERT_NEAR(values[k], pixels[k % kSide * kSide + k / kSide], 1e-3) << k;
     const CellBits all = everyCell();
     inverseTransform256(spectrum, &all, picture);
-    EXPECT_EQ(flattened(picture.re()), std::vector<Single>(kSide * kSide, 0.0F));
+    EXPECT_EQ(realParts(picture), std::vector<Single>(kSide * kSide, 0.0F));
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ SpectrumLook asLook(const slow::Look& look) {
 }
 
 /// The passes as DrawFT runs them, told in the slow renderer's terms.
-slow::Drawing drawFast(const Grid<ComplexCell>& data, Long w, Long h, const slow::Look& look) {
+slow::Drawing drawFast(const ComplexGrid& data, Long w, Long h, const slow::Look& look) {
     slow::Drawing drawing;
     drawing.ftIndex.allocate(w, h);
     try {
@@ -88,7 +88,7 @@ std::string firstDifference(const Grid<FtIndexCell>& a, const Grid<FtIndexCell>&
     return "";
 }
 
-void expectSameSpectrum(const Grid<ComplexCell>& data, Long w, Long h, const slow::Look& look) {
+void expectSameSpectrum(const ComplexGrid& data, Long w, Long h, const slow::Look& look) {
     const slow::Drawing expected = slow::drawSpectrum(data, w, h, look, tables());
     const slow::Drawing found = drawFast(data, w, h, look);
     ASSERT_EQ(found.drawn, expected.drawn);
@@ -124,7 +124,7 @@ TEST_P(EveryLook, OfAnotherSizeIsThatOfTheSlowRenderer) {
 
 TEST_P(EveryLook, OverflowsWhereAFactorIsTooLargeAndNotesTheCellsBefore) {
     slow::Look look = lookOf(GetParam());
-    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    const ComplexGrid data = randomSpectrum(256, 256, kSeed);
     // From all cells too large to only the few strongest.
     for (const Single factor : {3e38F, 2e37F, 1.7e37F, 1.7e36F, 1.4e36F, 7.5e34F}) {
         look.ifacSqrt = factor;
@@ -165,7 +165,7 @@ TEST_P(EveryLook, OfAReconstructionIsThatOfTheSlowRenderer) {
 INSTANTIATE_TEST_SUITE_P(ViewsScalesInversions, EveryLook, testing::Range(0, kCombinations));
 
 TEST(SpectrumPasses, AViewThatDoesNotExistShowsNothing) {
-    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    const ComplexGrid data = randomSpectrum(256, 256, kSeed);
     for (const int view : {-1, 5, 99}) {
         slow::Look look = lookOf(0);
         look.mView = static_cast<Integer>(view);
@@ -176,7 +176,7 @@ TEST(SpectrumPasses, AViewThatDoesNotExistShowsNothing) {
 }
 
 TEST(SpectrumPasses, CellsThatDoNotExistAreASubscriptError) {
-    const Grid<ComplexCell> data = randomSpectrum(16, 16, kSeed);
+    const ComplexGrid data = randomSpectrum(16, 16, kSeed);
     const slow::Look look = lookOf(0);
     EXPECT_THROW(SpectrumPasses(data, 64, 64, asLook(look)), RunTimeError);
     EXPECT_THROW(paintReconstruction(data, 64, 64, 0, Inversion::Off), RunTimeError);
@@ -187,7 +187,7 @@ TEST(SpectrumPasses, CellsThatDoNotExistAreASubscriptError) {
 }
 
 TEST(SpectrumPasses, TheQuadrantsChangePlacesWithTheZeroFrequencyUpAndLeftOfTheMiddle) {
-    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    const ComplexGrid data = randomSpectrum(256, 256, kSeed);
     Grid<FtIndexCell> ftIndex(256, 256);
     const slow::Look look = lookOf(0);
     SpectrumPasses passes(data, 256, 256, asLook(look));
@@ -207,7 +207,7 @@ TEST(SpectrumPasses, TheQuadrantsChangePlacesWithTheZeroFrequencyUpAndLeftOfTheM
 
 /// A spectrum of one strong cell and one other, and the level of the other.
 Integer levelBeside(Single strong, Single other, const slow::Look& look) {
-    Grid<ComplexCell> data(256, 256);
+    ComplexGrid data(256, 256);
     data(0, 0).re = strong;
     data(1, 0).re = other;
     return drawFast(data, 256, 256, look).relief[127 * 256 + 128];
@@ -251,7 +251,7 @@ TEST(SpectrumLevels, ThePhaseViewTakesTheLinearFactorAlsoInTheSquareRootScale) {
     look.bSqrtScale = true;
     look.ifacLinear = 0.01F;
     look.ifacSqrt = 1000;
-    Grid<ComplexCell> data(256, 256);
+    ComplexGrid data(256, 256);
     data(0, 0) = {-1, 0};
     data(1, 0) = {0, 1};
     const std::vector<Integer> levels = drawFast(data, 256, 256, look).relief;
@@ -264,7 +264,7 @@ TEST(SpectrumColours, InvertedARealPartOfZeroIsWhiteInItsView) {
     slow::Look look = lookOf(3);
     look.bSqrtScale = false;
     look.invert = true;
-    Grid<ComplexCell> data(256, 256);
+    ComplexGrid data(256, 256);
     data(0, 0).re = 5;
     data(1, 0).re = -5;
     const std::vector<Long> pix = drawFast(data, 256, 256, look).pix;
@@ -274,7 +274,7 @@ TEST(SpectrumColours, InvertedARealPartOfZeroIsWhiteInItsView) {
 }
 
 TEST(SpectrumColours, PhasesKeepTheirColourWhenInverted) {
-    const Grid<ComplexCell> data = randomSpectrum(256, 256, kSeed);
+    const ComplexGrid data = randomSpectrum(256, 256, kSeed);
     slow::Look look = lookOf(2);
     const std::vector<Long> plain = drawFast(data, 256, 256, look).pix;
     look.invert = true;

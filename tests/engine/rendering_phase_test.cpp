@@ -54,7 +54,7 @@ TEST(Phase, IsInDegreesAsASingle) {
 TEST(Phase, IsDividedInDoublesAndRoundedOnce) {
     constexpr std::uint32_t kSeed = 31;
     SCOPED_TRACE(testing::Message() << "seed " << kSeed);
-    const Grid<ComplexCell> cells = randomSpectrum(100, 100, kSeed);
+    const ComplexGrid cells = randomSpectrum(100, 100, kSeed);
     for (Long u = 0; u < 100; ++u)
         for (Long v = 0; v < 100; ++v)
             ASSERT_EQ(PhaseDeg(cells(u, v).re, cells(u, v).im),

@@ -197,7 +197,7 @@ TEST(ForwardTransform, TheFirstIndexOfTheSpectrumRunsToTheRight) {
         return static_cast<int>(std::lround(127 + 100 * std::cos(2 * 3.14159265 * 3 * x / 256)));
     });
     lab.channel.runFOURN(1);
-    const Grid<ComplexCell>& spectrum = lab.channel.spectrum();
+    const ComplexGrid& spectrum = lab.channel.spectrum();
     EXPECT_GT(spectrum(3, 0).re, 49 * kCells);
     EXPECT_GT(spectrum(253, 0).re, 49 * kCells);
     EXPECT_LT(std::abs(spectrum(0, 3).re), 0.01F * kCells);
@@ -278,7 +278,7 @@ TEST(InverseTransform, LeavesTheSpectrum) {
     ChannelUnderTest lab;
     lab.show(noise(4));
     lab.channel.runFOURN(1);
-    const Grid<ComplexCell> before = lab.channel.spectrum();
+    const ComplexGrid before = lab.channel.spectrum();
     lab.channel.SetFilterFT(2);
     lab.channel.SetFilterRad(20);
     lab.channel.runFOURN(0);

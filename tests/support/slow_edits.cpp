@@ -41,14 +41,14 @@ Single along(Single part, Single r, Single m) {
 }  // namespace
 
 Spectrum discardPhases(const Spectrum& f) {
-    return edited(f, [](Long, Long, const ComplexCell& old, ComplexCell& cell) {
+    return edited(f, [](Long, Long, const ComplexCell& old, ComplexCellReference cell) {
         cell.re = magnitude(old);
         cell.im = 0;
     });
 }
 
 Spectrum discardMagnitudes(const Spectrum& f) {
-    return edited(f, [](Long, Long, const ComplexCell& old, ComplexCell& cell) {
+    return edited(f, [](Long, Long, const ComplexCell& old, ComplexCellReference cell) {
         const Single m = magnitude(old);
         cell.re = old.re / m;
         cell.im = old.im / m;
@@ -56,7 +56,7 @@ Spectrum discardMagnitudes(const Spectrum& f) {
 }
 
 Spectrum randomizePhases(const Spectrum& f, Rnd& rnd) {
-    return edited(f, [&](Long, Long, const ComplexCell& old, ComplexCell& cell) {
+    return edited(f, [&](Long, Long, const ComplexCell& old, ComplexCellReference cell) {
         const Single a = rnd() - 0.5F;
         const Single b = rnd() - 0.5F;
         const Single r = length(b, a);
@@ -77,7 +77,7 @@ RandomMagnitudes randomizeMagnitudes(const Spectrum& f, Rnd& rnd) {
     const Single range = static_cast<Single>(
         (std::fabs(static_cast<Double>(hi)) + std::fabs(static_cast<Double>(lo))) / 2.0);
     Single s = 0;
-    result.spectrum = edited(f, [&](Long, Long, const ComplexCell& old, ComplexCell& cell) {
+    result.spectrum = edited(f, [&](Long, Long, const ComplexCell& old, ComplexCellReference cell) {
         Double factor = rnd();
         factor *= range;
         factor /= magnitude(old);
@@ -95,7 +95,7 @@ RandomMagnitudes randomizeMagnitudes(const Spectrum& f, Rnd& rnd) {
 }
 
 Spectrum swapPhases(const Spectrum& own, const Spectrum& other) {
-    return edited(own, [&](Long u, Long v, const ComplexCell& old, ComplexCell& cell) {
+    return edited(own, [&](Long u, Long v, const ComplexCell& old, ComplexCellReference cell) {
         const ComplexCell& p = other(u, v);
         const Single r = length(p.im, p.re);
         cell.re = along(p.re, r, magnitude(old));
@@ -104,7 +104,7 @@ Spectrum swapPhases(const Spectrum& own, const Spectrum& other) {
 }
 
 Spectrum convolve(const Spectrum& a, const Spectrum& b) {
-    return edited(a, [&](Long u, Long v, const ComplexCell& one, ComplexCell& cell) {
+    return edited(a, [&](Long u, Long v, const ComplexCell& one, ComplexCellReference cell) {
         const ComplexCell& two = b(u, v);
         const Double ar = one.re;
         const Double ai = one.im;
@@ -114,7 +114,7 @@ Spectrum convolve(const Spectrum& a, const Spectrum& b) {
 }
 
 Spectrum deconvolveIntoChannel1(const Spectrum& a, const Spectrum& b) {
-    return edited(a, [&](Long u, Long v, const ComplexCell& one, ComplexCell& cell) {
+    return edited(a, [&](Long u, Long v, const ComplexCell& one, ComplexCellReference cell) {
         const Double ar = one.re / 65536.0F;
         const Double ai = one.im / 65536.0F;
         const Double br = b(255 - u, 255 - v).re;
@@ -126,7 +126,7 @@ Spectrum deconvolveIntoChannel1(const Spectrum& a, const Spectrum& b) {
 }
 
 Spectrum deconvolveIntoChannel2(const Spectrum& a, const Spectrum& b) {
-    return edited(a, [&](Long u, Long v, const ComplexCell& one, ComplexCell& cell) {
+    return edited(a, [&](Long u, Long v, const ComplexCell& one, ComplexCellReference cell) {
         const Double ar = one.re;
         const Double ai = one.im;
         const Double br = b(u, v).re;

@@ -11,7 +11,7 @@
 // cell as they are told, for spectra on which no step fails.
 namespace quillon::slow {
 
-using Spectrum = Grid<ComplexCell>;
+using Spectrum = ComplexGrid;
 
 Spectrum discardPhases(const Spectrum& f);
 Spectrum discardMagnitudes(const Spectrum& f);

@@ -55,7 +55,7 @@ struct Extremes {
     Single rmax = 0;
 };
 
-Extremes firstPass(const Grid<ComplexCell>& data, Long w, Long h, const Look& look) {
+Extremes firstPass(const ComplexGrid& data, Long w, Long h, const Look& look) {
     Extremes e;
     Single v = 0;
     for (Long i = 0; i < w; ++i)
@@ -167,7 +167,7 @@ Tables makeTables() {
     return tables;
 }
 
-Drawing drawSpectrum(const Grid<ComplexCell>& data, Long w, Long h, const Look& look,
+Drawing drawSpectrum(const ComplexGrid& data, Long w, Long h, const Look& look,
                      const Tables& tables) {
     Drawing drawing;
     drawing.ftIndex.allocate(w, h);
@@ -219,7 +219,7 @@ Drawing drawSpectrum(const Grid<ComplexCell>& data, Long w, Long h, const Look& 
     return drawing;
 }
 
-Drawing drawReconstruction(const Grid<ComplexCell>& data, Long w, Long h, const Look& look) {
+Drawing drawReconstruction(const ComplexGrid& data, Long w, Long h, const Look& look) {
     Drawing drawing;
     drawing.pix.assign(cellsOf(w, h), 0);
     Extremes e = firstPass(data, w, h, look);

@@ -45,9 +45,9 @@ struct Drawing {
     Grid<FtIndexCell> ftIndex;
 };
 
-Drawing drawSpectrum(const Grid<ComplexCell>& data, Long w, Long h, const Look& look,
+Drawing drawSpectrum(const ComplexGrid& data, Long w, Long h, const Look& look,
                      const Tables& tables);
-Drawing drawReconstruction(const Grid<ComplexCell>& data, Long w, Long h, const Look& look);
+Drawing drawReconstruction(const ComplexGrid& data, Long w, Long h, const Look& look);
 
 /// The relief, back to front, line by line.
 void drawRelief(const Drawing& spectrum, Long w, Long h, PictureBox& pbNEW);

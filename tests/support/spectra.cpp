@@ -12,8 +12,8 @@ namespace {
 
 using CellAt = std::function<ComplexCell(Long u, Long v)>;
 
-Grid<ComplexCell> planeOf(Long w, Long h, const CellAt& cellAt) {
-    Grid<ComplexCell> cells(w, h);
+ComplexGrid planeOf(Long w, Long h, const CellAt& cellAt) {
+    ComplexGrid cells(w, h);
     for (Long u = 0; u < w; ++u)
         for (Long v = 0; v < h; ++v)
             cells(u, v) = cellAt(u, v);
@@ -33,7 +33,7 @@ double frequency(Long u, Long v) {
 
 }  // namespace
 
-Grid<ComplexCell> randomSpectrum(Long w, Long h, std::uint32_t seed) {
+ComplexGrid randomSpectrum(Long w, Long h, std::uint32_t seed) {
     std::mt19937 random(seed);
     std::normal_distribution<double> normal;
     return planeOf(w, h, [&](Long, Long) { return cell(normal(random), normal(random)); });

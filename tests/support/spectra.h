@@ -13,7 +13,7 @@ namespace quillon {
 /// about it and, where it is random, its seed.
 struct NamedSpectrum {
     std::string name;
-    Grid<ComplexCell> cells;
+    ComplexGrid cells;
 };
 
 /// Random, degenerate and picture-like planes of side 256, each kind that the
@@ -21,6 +21,6 @@ struct NamedSpectrum {
 std::vector<NamedSpectrum> spectraToRender(std::uint32_t seed);
 
 /// Random cells of any size.
-Grid<ComplexCell> randomSpectrum(Long w, Long h, std::uint32_t seed);
+ComplexGrid randomSpectrum(Long w, Long h, std::uint32_t seed);
 
 }  // namespace quillon

@@ -16,7 +16,7 @@ namespace {
 constexpr int kSide = 256;
 using Plane = std::vector<std::complex<double>>;
 
-Plane planeOf(const Grid<ComplexCell>& grid) {
+Plane planeOf(const ComplexGrid& grid) {
     Plane plane;
     for (int v = 0; v < kSide; ++v)
         for (int u = 0; u < kSide; ++u)
