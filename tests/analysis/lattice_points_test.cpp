@@ -2,45 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <random>
 
-#include "engine/mFFTUTIL.h"
 #include "tests/support/error_of.h"
+#include "tests/support/slow_drawing.h"
 
 namespace quillon {
 namespace {
-
-Integer plainSteps(Single side, Single step) {
-    return toInteger(10.0 * toInteger(side / (step == 0 ? Single{1} : step)));
-}
-
-/// The lattice by the plain double loop over all i and j.
-Bitmap plainLattice(int width, int height, const LatticeBasis& basis) {
-    Bitmap picture(width, height);
-    const Single ax = basis.p1.x - basis.p0.x;
-    const Single ay = basis.p1.y - basis.p0.y;
-    const Single bx = basis.p2.x - basis.p0.x;
-    const Single by = basis.p2.y - basis.p0.y;
-    const Integer n1 =
-        plainSteps(static_cast<Single>(width), std::fmax(std::fabs(bx), std::fabs(ax)));
-    const Integer n2 =
-        plainSteps(static_cast<Single>(height), std::fmax(std::fabs(by), std::fabs(ay)));
-    for (int i = -n1; i <= n1; ++i)
-        for (int j = -n2; j <= n2; ++j) {
-            const Single alongX = basis.p0.x + static_cast<Single>(i) * ax;
-            const Single alongY = basis.p0.y + static_cast<Single>(i) * ay;
-            const Single px = alongX + static_cast<Single>(j) * bx;
-            const Single py = alongY + static_cast<Single>(j) * by;
-            if (px < 0 || py < 0)
-                continue;
-            const auto x = static_cast<int>(std::nearbyint(px));
-            const auto y = static_cast<int>(std::nearbyint(py));
-            if (picture.contains(x, y))
-                picture.at(x, y) = 0xFFFFFF;
-        }
-    return picture;
-}
 
 Bitmap plotted(int width, int height, const LatticeBasis& basis) {
     PictureBox box("box", width, height);
@@ -58,7 +26,7 @@ long pointsOf(const Bitmap& picture) {
 }
 
 void expectPlain(int width, int height, const LatticeBasis& basis) {
-    EXPECT_TRUE(plotted(width, height, basis) == plainLattice(width, height, basis))
+    EXPECT_TRUE(plotted(width, height, basis) == slow::lattice(width, height, basis))
         << "P0 " << basis.p0.x << ", " << basis.p0.y << "  P1 " << basis.p1.x << ", " << basis.p1.y
         << "  P2 " << basis.p2.x << ", " << basis.p2.y;
 }

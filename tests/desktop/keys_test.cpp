@@ -8,9 +8,12 @@
 #include "desktop/Conversions.h"
 #include "desktop/input_codes.h"
 #include "tests/desktop/OpenedWindow.h"
+#include "tests/support/slow_drawing.h"
 
 namespace quillon {
 namespace {
+
+using slow::rolled;
 
 class Keys : public OpenedWindow {
 protected:
@@ -36,27 +39,18 @@ protected:
     }
 };
 
-/// `before` with its columns moved one to the right, the last one to the front.
-Bitmap rolledRight(const Bitmap& before) {
-    Bitmap rolled(before.width, before.height);
-    for (int y = 0; y < before.height; ++y)
-        for (int x = 0; x < before.width; ++x)
-            rolled.at((x + 1) % before.width, y) = before.at(x, y);
-    return rolled;
-}
-
 TEST_F(Keys, ShiftWithAnArrowRollsTheFirstPictureAndCtrlTheSecond) {
     const Bitmap first = form().pb1.Image();
     const Bitmap second = form().pb4.Image();
     pressKey(Qt::Key_Right, Qt::ShiftModifier);
-    EXPECT_EQ(form().pb1.Image(), rolledRight(first));
+    EXPECT_EQ(form().pb1.Image(), rolled(first, 1, 0));
     EXPECT_EQ(form().pb4.Image(), second);
     releaseKey(Qt::Key_Right, Qt::ShiftModifier);
     pressKey(Qt::Key_Right, Qt::ControlModifier);
-    EXPECT_EQ(form().pb4.Image(), rolledRight(second));
+    EXPECT_EQ(form().pb4.Image(), rolled(second, 1, 0));
     releaseKey(Qt::Key_Right, Qt::ControlModifier);
     pressKey(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
-    EXPECT_EQ(form().pb1.Image(), rolledRight(first)) << "both together are neither";
+    EXPECT_EQ(form().pb1.Image(), rolled(first, 1, 0)) << "both together are neither";
     releaseKey(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
 }
 
@@ -68,7 +62,7 @@ TEST_F(Keys, AHeldKeyRepeatsItsPressAndTheReleasesInBetweenAreNone) {
         EXPECT_EQ(form().pendingShiftPanel, 1) << "an invented release has ended the roll";
         send(QEvent::KeyPress, Qt::Key_Right, Qt::ShiftModifier, true);
     }
-    EXPECT_EQ(form().pb1.Image(), rolledRight(rolledRight(rolledRight(rolledRight(first)))));
+    EXPECT_EQ(form().pb1.Image(), rolled(first, 4, 0));
     send(QEvent::KeyRelease, Qt::Key_Right, Qt::ShiftModifier);
     EXPECT_EQ(form().pendingShiftPanel, 0);
 }

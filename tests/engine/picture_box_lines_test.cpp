@@ -12,6 +12,7 @@
 
 #include "engine/RunTimeError.h"
 #include "tests/support/TestPanel.h"
+#include "tests/support/slow_drawing.h"
 
 namespace quillon {
 namespace {
@@ -93,24 +94,9 @@ TEST(PictureBoxLines, ALineTakesTheUpperOrLeftOfTwoEquallyNearPixels) {
     EXPECT_EQ(panel.text(), (Rows{"....", "....", "..#.", "...#"}));
 }
 
-/// One pixel for each step along the longer side, the nearest to the true line.
-Bitmap slowLine(int width, int height, PanelPoint from, PanelPoint to) {
+Bitmap slowLine(int width, int height, PanelPoint from, PanelPoint to, int pen) {
     Bitmap picture(width, height);
-    const std::int64_t dx = std::int64_t{to.x} - from.x;
-    const std::int64_t dy = std::int64_t{to.y} - from.y;
-    const std::int64_t steps = std::max(std::abs(dx), std::abs(dy));
-    const auto nearest = [steps](std::int64_t start, std::int64_t difference, std::int64_t step) {
-        // The smaller whole number of two equally near ones.
-        const long double exact = static_cast<long double>(difference) *
-                                  static_cast<long double>(step) / static_cast<long double>(steps);
-        return start + static_cast<std::int64_t>(std::ceil(exact - 0.5L));
-    };
-    for (std::int64_t step = 0; step < steps; ++step) {
-        const std::int64_t x = nearest(from.x, dx, step);
-        const std::int64_t y = nearest(from.y, dy, step);
-        if (x >= 0 && x < width && y >= 0 && y < height)
-            picture.at(static_cast<int>(x), static_cast<int>(y)) = 0xFFFFFF;
-    }
+    slow::line(picture, from, to, pen, 0xFFFFFF);
     return picture;
 }
 
@@ -128,7 +114,7 @@ TEST(PictureBoxLines, EveryLineIsTheSlowLineCutToThePanel) {
         const PanelPoint from{coordinate(random), coordinate(random)};
         const PanelPoint to{coordinate(random), coordinate(random)};
         drawLine(panel, from, to);
-        ASSERT_EQ(panel.text(), textOf(slowLine(17, 23, from, to)))
+        ASSERT_EQ(panel.text(), textOf(slowLine(17, 23, from, to, 1)))
             << from.x << ' ' << from.y << ' ' << to.x << ' ' << to.y;
     }
 }
@@ -214,25 +200,6 @@ TEST(PictureBoxLines, TheFarthestPointsOfAllNeitherOverflowNorTakeLong) {
     EXPECT_EQ(panel.text(), (Rows{".....", "#####", "#####", ".....", "....."}));
 }
 
-/// A pen of width w covers its block at each point of the thin line.
-Bitmap slowWideLine(int width, int height, PanelPoint from, PanelPoint to, int pen) {
-    constexpr int kMargin = 60;
-    const Bitmap thin =
-        slowLine(width + 2 * kMargin, height + 2 * kMargin, {from.x + kMargin, from.y + kMargin},
-                 {to.x + kMargin, to.y + kMargin});
-    Bitmap picture(width, height);
-    for (int y = -pen; y < height + pen; ++y)
-        for (int x = -pen; x < width + pen; ++x)
-            if (thin.at(x + kMargin, y + kMargin) != 0)
-                for (int i = 0; i < pen * pen; ++i) {
-                    const int px = x - pen / 2 + i % pen;
-                    const int py = y - pen / 2 + i / pen;
-                    if (picture.contains(px, py))
-                        picture.at(px, py) = 0xFFFFFF;
-                }
-    return picture;
-}
-
 TEST(PictureBoxLines, AWideXorLineTouchesEachPixelOfItsBlocksOnce) {
     constexpr unsigned kSeed = 14;
     SCOPED_TRACE(kSeed);
@@ -247,7 +214,7 @@ TEST(PictureBoxLines, AWideXorLineTouchesEachPixelOfItsBlocksOnce) {
         panel.DrawMode = kPenXor;
         panel.DrawWidth = static_cast<Integer>(1 + round % 5);
         drawLine(panel, from, to);
-        ASSERT_EQ(panel.text(), textOf(slowWideLine(15, 19, from, to, panel.DrawWidth)))
+        ASSERT_EQ(panel.text(), textOf(slowLine(15, 19, from, to, panel.DrawWidth)))
             << from.x << ' ' << from.y << ' ' << to.x << ' ' << to.y << ' ' << panel.DrawWidth;
     }
 }

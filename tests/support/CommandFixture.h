@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "tests/support/FormFixture.h"
+#include "tests/support/slow_drawing.h"
 
 namespace quillon {
 
@@ -46,15 +47,7 @@ protected:
     static constexpr Channel kBoth[] = {Channel::One, Channel::Two};
 };
 
-/// The picture moved by (dx, dy) on a torus.
-inline Bitmap rolled(const Bitmap& picture, int dx, int dy) {
-    Bitmap moved(picture.width, picture.height);
-    for (int y = 0; y < picture.height; ++y)
-        for (int x = 0; x < picture.width; ++x)
-            moved.at((x + dx + picture.width) % picture.width,
-                     (y + dy + picture.height) % picture.height) = picture.at(x, y);
-    return moved;
-}
+using slow::rolled;
 
 /// Pixels of which two pictures of one size differ.
 inline long differingPixels(const Bitmap& a, const Bitmap& b) {
