@@ -44,15 +44,9 @@ void OpenedWindow::press(QWidget& widget, QPointF at, Qt::MouseButton button,
 }
 
 void OpenedWindow::move(QWidget& widget, QPointF at, Qt::KeyboardModifiers modifiers) {
-    // The toolkit's own helper knows no modifiers at a move.
-    const QPoint there = widget.mapTo(&window(), whole(at));
-    if (modifiers == Qt::NoModifier) {
-        QTest::mouseMove(window().windowHandle(), there);
-    } else {
-        QMouseEvent event(QEvent::MouseMove, at, window().mapToGlobal(there), Qt::NoButton,
-                          Qt::NoButton, modifiers);
-        QApplication::sendEvent(&widget, &event);
-    }
+    // mouseMove() knows no modifiers.
+    QTest::mouseEvent(QTest::MouseMove, window().windowHandle(), Qt::NoButton, modifiers,
+                      widget.mapTo(&window(), whole(at)));
 }
 
 void OpenedWindow::release(QWidget& widget, QPointF at, Qt::MouseButton button,
