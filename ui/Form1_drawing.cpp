@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 
 #include "analysis/grid_pattern.h"
 #include "analysis/lattice_points.h"
@@ -17,7 +19,7 @@ constexpr Integer kLatticeEntry = 1;
 constexpr Integer kShiftEntry = 2;
 constexpr Integer kGridEntry = 3;
 constexpr Double kRadiansPerDegree = 0.017453292519943278;
-constexpr std::size_t kLeastGridCode = 4;
+constexpr std::ptrdiff_t kLeastGridCode = 4;
 constexpr const char* kFirstGridCode = "10.2.1.0";
 
 PointXY latticePoint(const std::array<std::array<Single, 4>, 2>& lattice, std::size_t number) {
@@ -32,6 +34,12 @@ Single lengthOf(const std::array<Single, 3>& v) {
     const Double x = v[0];
     const Double y = v[1];
     return static_cast<Single>(std::sqrt(x * x + y * y));
+}
+
+/// What the user has typed comes as UTF-8; only a character's first byte counts.
+std::ptrdiff_t charactersOf(const std::string& text) {
+    return std::ranges::count_if(
+        text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; });
 }
 
 }  // namespace
@@ -173,7 +181,7 @@ void Form1::GridPatternCommand(Integer p) {
         "Enter code in format b.w.x.i\n(black.white.xor.invert)\n"
         "b and w range from 1-254\nx and i are 0 or 1",
         "Enter Grid Pattern Code", gridCode);
-    if (!answer || answer->size() < kLeastGridCode)
+    if (!answer || charactersOf(*answer) < kLeastGridCode)
         return;
     try {
         gridCode = *answer;

@@ -43,7 +43,8 @@ TEST_F(GridPatternEntry, CancelledItLeavesTheRollToolAndTheOldImage) {
 
 TEST_F(GridPatternEntry, ACodeOfThreeCharactersIsRefusedSilently) {
     const Bitmap before = form.pb1.Image();
-    for (const char* code : {"", "1", "1.1"}) {
+    // The last has three characters in four bytes.
+    for (const char* code : {"", "1", "1.1", "1.\u00e9"}) {
         desktop.dialogs.answerInput(code);
         choose(Channel::One);
     }
@@ -73,6 +74,28 @@ TEST_F(GridPatternEntry, ThePatternBecomesTheChannelsImageByWayOfTheClipboard) {
     }
 }
 
+TEST_F(GridPatternEntry, TheLettersGAndPCountAsCharacters) {
+    const std::pair<const char*, PixelWord> codes[] = {{"p1.1", 0}, {"g10.2.1.0", 0xFFFFFF}};
+    for (const auto& [code, word] : codes) {
+        desktop.dialogs.answerInput(code);
+        choose(Channel::One);
+        EXPECT_EQ(form.pb1.Image().at(0, 5), word) << code;
+        EXPECT_EQ(form.pb1.Image().at(5, 5), 0) << code;
+        EXPECT_EQ(form.gridCode, code);
+    }
+}
+
+TEST_F(GridPatternEntry, AHalfDoneLatticeIsToldOfAndThePatternDoesNotReachTheImage) {
+    form.click(MenuArray::mnuImg2b, 1);
+    form.MouseDown(form.pb4, kLeftButton, 0, 10, 12);
+    desktop.dialogs.answerInput("10.2.1.0");
+    choose(Channel::Two);
+    ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
+    EXPECT_EQ(desktop.dialogs.messages[0],
+              (RecordingDialogs::Message{"!", "", MessageIcon::None, MessageButtons::Ok}));
+    EXPECT_EQ(form.pb4.Image(), Bitmap(256, 256, 0));
+}
+
 TEST_F(GridPatternEntry, TheLastCodeIsOfferedToBothChannels) {
     desktop.dialogs.answerInput("g6.3.0.1");
     choose(Channel::One);
@@ -86,8 +109,9 @@ TEST_F(GridPatternEntry, AFailureIsToldAndItsCodeKept) {
     desktop.dialogs.answerInput("1234");
     choose(Channel::Two);
     ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
-    EXPECT_EQ(desktop.dialogs.messages[0].text,
-              "Error: " + describe(ErrorNumber::SubscriptOutOfRange));
+    EXPECT_EQ(desktop.dialogs.messages[0],
+              (RecordingDialogs::Message{"Error: Subscript out of range", "", MessageIcon::None,
+                                         MessageButtons::Ok}));
     EXPECT_EQ(form.gridCode, "1234");
     EXPECT_EQ(form.pb4.Image(), before);
 }
