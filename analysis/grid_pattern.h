@@ -14,9 +14,10 @@ namespace quillon {
 /// may also stand apart by "-", "," or a blank; a leading G is ignored, and a
 /// leading P draws no bands.
 ///
-/// The pen is one pixel wide whatever tool came before, and is restored: with a
-/// pen of two pixels the border of a filled box would make each band a pixel
-/// wider to the left and above.
+/// The pen is one pixel wide whatever tool came before, and is restored. A band
+/// is a filled box, which on this surface ends at its corners whatever the pen;
+/// with a border of the pen's width Freehand's two pixels would make each band
+/// begin a pixel further to the left and above than the code tells.
 ///
 /// Throws RunTimeError SubscriptOutOfRange for a code of one word.
 void DrawGridPattern(Desktop& desktop, PictureBox& pb, const std::string& code);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/RecordingDesktop.h"
+#include "tests/support/RecordingWatcher.h"
 #include "tests/support/error_of.h"
 
 namespace quillon {
@@ -81,12 +82,21 @@ TEST_F(GridPattern, OfThreeBlanksOneEmptyWordIsLeft) {
     expectRule("10   2", {10, 1, true});
 }
 
+TEST_F(GridPattern, ASeparatorInFrontMakesAnEmptyFirstWordAndOneBehindAnEmptyLastOne) {
+    // Trimmed is the code as it came, before its separators turn into blanks.
+    expectRule(".5.0.0", {1, 5});
+    expectRule("10.2.", {10, 2});
+    expectRule("10.2.1.", {10, 2, true});
+}
+
 TEST_F(GridPattern, ALeadingGIsIgnoredAndALeadingPDrawsNoBands) {
     expectRule("g10.2.1.0", {10, 2, true});
     expectRule("G10.2.0.1", {10, 2, false, true});
     expectRule("p1.1", {1, 1, false, false, true});
     expectRule("P10.2.1.1", {10, 2, true, true, true});
     expectRule("gp10.2.0.0", {10, 2, false, false, true});
+    // Blanks are trimmed only after the letters: here the first word has no number.
+    expectRule(" g5.2.0.1", {1, 2, false, true});
     // After a P a G is no prefix any more: the first word has no number.
     expectRule("pg5.2.0.1", {1, 2, false, true, true});
 }
@@ -112,10 +122,27 @@ TEST_F(GridPattern, OnAHighPanelTheLowerRowsStayWithoutBands) {
 
 TEST_F(GridPattern, ThePenIsOnePixelWideMeanwhileAndIsPutBack) {
     box.DrawWidth = 2;
+    RecordingWatcher watcher;
+    watcher.onShow = [this](Control&) {
+        EXPECT_EQ(box.DrawWidth, 1);
+        EXPECT_EQ(box.DrawMode, kPenXor) << "the copy pen comes back after the show";
+    };
+    box.watch(&watcher);
     expectRule("10.2.1.0", {10, 2, true});
+    EXPECT_EQ(watcher.count("showNow pb1"), 1);
+    box.watch(nullptr);
     EXPECT_EQ(box.DrawWidth, 2);
     EXPECT_EQ(box.DrawMode, kPenCopy);
     EXPECT_EQ(box.BackColor(), kBlack);
+}
+
+TEST_F(GridPattern, AFailureOnTheWayPutsThePenBackAndLeavesTheClipboardAlone) {
+    box.DrawWidth = 2;
+    // A band wider than any whole number of pixels.
+    EXPECT_EQ(errorOf([&] { draw("1 1e20 1"); }), ErrorNumber::Overflow);
+    EXPECT_EQ(box.DrawWidth, 2);
+    EXPECT_EQ(box.DrawMode, kPenCopy);
+    EXPECT_TRUE(desktop.log.empty());
 }
 
 TEST_F(GridPattern, WhatThePanelShowedIsGone) {
@@ -150,7 +177,10 @@ TEST_F(GridPattern, APanelThatDoesNotKeepItsDrawingIsToldFirst) {
     ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
     EXPECT_EQ(desktop.dialogs.messages[0].text, "!");
     EXPECT_TRUE(untouched);
-    EXPECT_TRUE(desktop.clipboard.content) << "the drawing goes on";
+    // The drawing goes on, but it ends with the panel's repaint.
+    EXPECT_TRUE(box.shown() == Bitmap(256, 256));
+    ASSERT_TRUE(desktop.clipboard.content);
+    EXPECT_TRUE(*desktop.clipboard.content == Bitmap(256, 256));
     EXPECT_EQ(box.BackColor(), kBlack);
 }
 

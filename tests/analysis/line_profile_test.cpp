@@ -110,6 +110,15 @@ TEST_F(LineProfile, ThePatchAroundThePointerFillsTheImagePanel) {
     }
 }
 
+TEST_F(LineProfile, ThePatchShowsWhatLiesOverTheSpectrumToo) {
+    pb1.setAutoRedraw(true);
+    pb2.setAutoRedraw(false);
+    pb2.Box(90, 90, 110, 120, kRed, BoxStyle::Filled);
+    ASSERT_FALSE(pb2.shown() == pb2.Image());
+    profile(100, 100);
+    EXPECT_TRUE(pb1.Image() == magnified(pb2.shown(), 100, 100));
+}
+
 TEST_F(LineProfile, TheCornerOfThePatchRoundsHalfToEven) {
     pb1.setAutoRedraw(true);
     pb2.setPicture(randomPicture(256, 256, 63));

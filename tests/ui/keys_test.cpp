@@ -49,6 +49,19 @@ TEST_F(Keys, CtrlAndAnArrowRollTheLowerImage) {
     EXPECT_EQ(form.pendingShiftPanel, 4);
 }
 
+TEST_F(Keys, AnArrowLeavesADrawingOnTheScreenLayerThere) {
+    for (const Integer shift : std::initializer_list<Integer>{kShiftKey, kCtrlKey}) {
+        PictureBox& panel = shift == kShiftKey ? form.pb1 : form.pb4;
+        const Bitmap before = panel.Image();
+        panel.setAutoRedraw(false);
+        form.KeyDown(kRight, shift);
+        EXPECT_FALSE(panel.AutoRedraw());
+        EXPECT_EQ(panel.Image(), before);
+        form.KeyUp(kRight, shift);
+        EXPECT_EQ(panel.shown(), before);
+    }
+}
+
 TEST_F(Keys, AHeldArrowRollsAllTheWayRound) {
     const Bitmap before = form.pb1.Image();
     for (int i = 0; i < 256; ++i)

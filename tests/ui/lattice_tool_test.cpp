@@ -115,6 +115,46 @@ TEST_F(LatticeTool, TheFirstPressBeginsOverAnEmptyScreenLayer) {
     }
 }
 
+/// Keeps what a panel looks like whenever it tells that it has changed.
+class Stages : public ControlWatcher {
+public:
+    struct Stage {
+        bool hasPicture;
+        ColorValue ground;
+        friend bool operator==(const Stage&, const Stage&) = default;
+    };
+    explicit Stages(PictureBox& panel) : panel_(panel) { panel_.watch(this); }
+    Stages(const Stages&) = delete;
+    Stages& operator=(const Stages&) = delete;
+    ~Stages() override { panel_.watch(nullptr); }
+
+    void stale(Control& /*control*/) override {
+        seen.push_back({!panel_.Picture().empty(), panel_.BackColor()});
+    }
+    void showNow(Control& control) override { stale(control); }
+
+    std::vector<Stage> seen;
+
+private:
+    PictureBox& panel_;
+};
+
+TEST_F(LatticeTool, TheFirstPressWipesTheUpperPanelBeforeItsInksAndTheLowerOneAfterThem) {
+    for (const Channel which : kBoth) {
+        choose(which);
+        image(which).setPicture(Bitmap(256, 256, 0x808080));
+        image(which).setBackColor(kRed);
+        const Stages stages(image(which));
+        form.MouseDown(image(which), kLeftButton, 0, 10, 12);
+        ASSERT_GE(stages.seen.size(), 2U);
+        const Stages::Stage wipedFirst{false, kRed};
+        const Stages::Stage inkedFirst{true, kBlack};
+        EXPECT_EQ(stages.seen[0], which == Channel::One ? wipedFirst : inkedFirst);
+        EXPECT_EQ(stages.seen[1], (Stages::Stage{false, kBlack}));
+        form.lattice[0][0] = 0;
+    }
+}
+
 TEST_F(LatticeTool, TheFirstPressClearsTheLowerChannelsMarksOnBothPanels) {
     for (const Channel which : kBoth) {
         choose(which);
@@ -125,7 +165,7 @@ TEST_F(LatticeTool, TheFirstPressClearsTheLowerChannelsMarksOnBothPanels) {
     }
 }
 
-TEST_F(LatticeTool, TheThirdPointTakesTheMarksOfItsOwnChannelOnly) {
+TEST_F(LatticeTool, TheThirdPointTakesTheMarksOfItsOwnChannelOnlyAndThenTransforms) {
     for (const Channel which : kBoth) {
         choose(which);
         drag(which, 20, 30, 36, 33);
@@ -134,7 +174,8 @@ TEST_F(LatticeTool, TheThirdPointTakesTheMarksOfItsOwnChannelOnly) {
         form.MouseUp(image(which), kLeftButton, 0, 25, 52);
         for (Integer panel = 1; panel <= 6; ++panel) {
             const bool own = (panel < 4) == (which == Channel::One);
-            EXPECT_EQ(form.lab.panel(panel).Tag != "mark", own) << panel;
+            // Cleared before the transform, which marks what it has computed.
+            EXPECT_EQ(form.lab.panel(panel).Tag, own ? "!" : "mark") << panel;
         }
     }
 }

@@ -58,6 +58,23 @@ TEST_F(RollTool, ADragRollsTheImageFromThePress) {
     }
 }
 
+TEST_F(RollTool, APressAfterAHalfDoneLatticeMakesTheRollCount) {
+    for (const Channel which : kBoth) {
+        form.click(which == Channel::One ? MenuArray::mnuImg1b : MenuArray::mnuImg2b, 1);
+        form.MouseDown(image(which), kLeftButton, 0, 10, 12);
+        ASSERT_FALSE(image(which).AutoRedraw());
+        choose(which);
+        EXPECT_FALSE(image(which).AutoRedraw()) << "the choice leaves the drawing as it was";
+        image(which).setPicture(squaresPicture());
+        form.MouseDown(image(which), kLeftButton, 0, 100, 120);
+        EXPECT_TRUE(image(which).AutoRedraw());
+        form.MouseMove(image(which), kLeftButton, 0, 107, 90);
+        form.MouseUp(image(which), kLeftButton, 0, 107, 90);
+        EXPECT_EQ(image(which).Picture(), rolled(squaresPicture(), 7, -30));
+        form.lattice[0][0] = 0;
+    }
+}
+
 TEST_F(RollTool, ADragByTheWholePanelKeepsThePictureAndByHalfSwapsItsQuadrants) {
     choose(Channel::One);
     const Bitmap before = form.pb1.Image();
