@@ -34,3 +34,9 @@ convert -size 256x256 xc:black \
     -fx '0.5+0.5*cos(pi*min(1,max(0,hypot(i-127.5,j-127.5)/64-1)))' -colorspace Gray "$mask"
 convert -size 256x256 'xc:gray(50%)' Images/Halvard-Image1.jpg "$mask" -composite \
     -colorspace Gray -depth 8 -strip -quality 95 Images/camera-faded.jpg
+
+# The cup of the lessons on noise, convolution and sampling, as plain bytes:
+# quillon-demonstrations makes Images/cup.bmp and its changed copies of it.
+convert assets/sources/coffee.png -colorspace Gray -crop 400x400+80+0 +repage \
+    -filter Lanczos -resize '256x256!' -contrast-stretch '0.4%x0.4%' \
+    -depth 8 -strip PGM:assets/sources/cup.pgm

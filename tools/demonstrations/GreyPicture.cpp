@@ -49,4 +49,16 @@ std::string bmpOf(const GreyPicture& picture) {
     return bytes;
 }
 
+std::optional<GreyPicture> pictureOfPgm(const std::string& bytes) {
+    const std::string head = "P5\n256 256\n255\n";
+    if (!bytes.starts_with(head) || bytes.size() != head.size() + kPixels)
+        return std::nullopt;
+    GreyPicture picture;
+    auto byte = bytes.begin() + static_cast<std::ptrdiff_t>(head.size());
+    for (int y = 0; y < kSide; ++y)
+        for (int x = 0; x < kSide; ++x)
+            picture.at(x, y) = static_cast<std::uint8_t>(*byte++);
+    return picture;
+}
+
 }  // namespace quillon::demonstrations

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -54,5 +55,9 @@ GreyPicture drawnSmooth(Function value) {
 
 /// The bytes of a BMP file of 8 bits a pixel with the ramp of greys as its table.
 std::string bmpOf(const GreyPicture& picture);
+
+/// The picture in the bytes of a PGM file (P5) of 256 by 256 bytes without a
+/// comment; none if they are anything else.
+std::optional<GreyPicture> pictureOfPgm(const std::string& bytes);
 
 }  // namespace quillon::demonstrations

@@ -7,6 +7,10 @@ std::vector<Demonstration> drawAll() {
     addWaves(pictures);
     addEdges(pictures);
     addTextures(pictures);
+    addLattices(pictures);
+    addSymmetry(pictures);
+    addSampling(pictures);
+    addMeasures(pictures);
     return pictures;
 }
 
