@@ -14,12 +14,6 @@ namespace {
 constexpr Long kLeftOfBackRow = 60;
 constexpr Long kTopOfBackRow = 90;
 
-/// Half of a whole number, ties to the even one.
-constexpr Long halved(Long number) noexcept {
-    const Long below = number >> 1;
-    return (number & 1) == 0 ? below : below + (below & 1);
-}
-
 /// Paints the relief of a picture of w by h points: each point a vertical line
 /// from its foot upward, half a pixel high per grey level, without its upper
 /// end. Each row stands half a pixel further left and down than the row behind.

@@ -27,6 +27,12 @@ Single checkedSingle(Double value);
 /// is formed in Double and rounded once.
 Single divideSingle(Double n, Double d);
 
+/// Half of a whole number, ties to the even one.
+constexpr Long halved(Long number) noexcept {
+    const Long below = number >> 1;
+    return (number & 1) == 0 ? below : below + (below & 1);
+}
+
 /// The remainder with the sign of the dividend.
 constexpr Long remainder(Long dividend, Long divisor) noexcept {
     return dividend % divisor;

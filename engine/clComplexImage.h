@@ -10,11 +10,11 @@
 #include "engine/Control.h"
 #include "engine/Desktop.h"
 #include "engine/ExchangeArray.h"
-#include "engine/Grid.h"
 #include "engine/Numbers.h"
 #include "engine/PictureBox.h"
 #include "engine/Rnd.h"
 #include "engine/RunTimeError.h"
+#include "engine/SpectrumIndex.h"
 
 namespace quillon {
 
@@ -22,12 +22,6 @@ namespace quillon {
 inline constexpr Long kTransformSide = 256;
 /// How many mask rectangles a channel can hold.
 inline constexpr Integer kMaskLimit = 1000;
-
-/// For a pixel of the FT panel, the cell of ftData that is shown there.
-struct FtIndexCell {
-    Integer u = 0;
-    Integer v = 0;
-};
 
 /// A mask rectangle in FT panel pixels, borders included; left is not greater
 /// than right, top not greater than bottom.
@@ -218,7 +212,7 @@ public:
     // What a reader of the numbers may look at.
     const ComplexGrid& spectrum() const noexcept { return ftData; }
     const ComplexGrid& reconstruction() const noexcept { return imgData; }
-    const Grid<FtIndexCell>& spectrumIndex() const noexcept { return ftIndex; }
+    const SpectrumIndex& spectrumIndex() const noexcept { return ftIndex; }
     Single linearFactor() const noexcept { return ifacLinear; }
     Single sqrtFactor() const noexcept { return ifacSqrt; }
     bool sqrtScale() const noexcept { return bSqrtScale; }
@@ -285,7 +279,7 @@ private:
     Long nfftTotal = 0;
     ComplexGrid imgData;
     ComplexGrid ftData;
-    Grid<FtIndexCell> ftIndex;
+    SpectrumIndex ftIndex;
     std::array<MaskRectangle, kMaskLimit> maskRect{};
     std::array<Long, 256> lutGray{};
     std::array<Long, 256> lutHue{};

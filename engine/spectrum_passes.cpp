@@ -43,16 +43,6 @@ Single phase(const ComplexCell& cell) {
     return PhaseDeg(cell.re, cell.im);
 }
 
-/// Where the quadrants' exchange puts each index of an axis of the given length.
-std::vector<Integer> centred(Long length) {
-    const Double half = length / 2.0;
-    std::vector<Integer> positions;
-    positions.reserve(static_cast<std::size_t>(length));
-    for (Long i = 0; i < length; ++i)
-        positions.push_back(toInteger(i > half ? i - half - 1 : half + i - 1));
-    return positions;
-}
-
 template <class ValueOf>
 std::vector<Single> plane(const ComplexGrid& cells, Long w, Long h, ValueOf valueOf) {
     std::vector<Single> values(area(w, h));
@@ -92,7 +82,12 @@ Single PhaseDeg(Single re, Single im) {
 }
 
 SpectrumPasses::SpectrumPasses(const ComplexGrid& cells, Long w, Long h, const SpectrumLook& look)
-    : cells_(cells), w_(w), h_(h), look_(look), columns_(centred(w)), rows_(centred(h)) {
+    : cells_(cells),
+      w_(w),
+      h_(h),
+      look_(look),
+      columns_(centredPositions(w)),
+      rows_(centredPositions(h)) {
     requireCells(cells, w, h);
 }
 
@@ -138,7 +133,7 @@ Single SpectrumPasses::scaled(Single value) const {
     return (t < 1.0F ? 0.0F : std::sqrt(t)) * look_.sqrtFactor;
 }
 
-SpectrumPicture SpectrumPasses::paint(Grid<FtIndexCell>& ftIndex) const {
+SpectrumPicture SpectrumPasses::paint(SpectrumIndex& ftIndex) const {
     if (ftIndex.xBound() < w_ - 1 || ftIndex.yBound() < h_ - 1)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     SpectrumPicture picture{std::vector<PixelWord>(area(w_, h_)),
@@ -146,7 +141,7 @@ SpectrumPicture SpectrumPasses::paint(Grid<FtIndexCell>& ftIndex) const {
     std::vector<Integer> levels(static_cast<std::size_t>(w_));
     for (Long j = 0; j < h_; ++j) {
         if (!scaleRow(j, levels)) {
-            placeCellsUpToOverflow(ftIndex);
+            ftIndex.note(cellsUpToOverflow());
             throw RunTimeError(ErrorNumber::Overflow);
         }
         const std::size_t start = area(w_, rows_[static_cast<std::size_t>(j)]);
@@ -155,25 +150,21 @@ SpectrumPicture SpectrumPasses::paint(Grid<FtIndexCell>& ftIndex) const {
         for (std::size_t i = 0; i < length; ++i)
             picture.levels[start + static_cast<std::size_t>(columns_[i])] = levels[i];
     }
-    placeCells(ftIndex);
+    ftIndex.noteAll();
     return picture;
 }
 
-void SpectrumPasses::placeCells(Grid<FtIndexCell>& ftIndex) const {
-    for (Long j = 0; j < h_; ++j) {
-        FtIndexCell* row = ftIndex.row(rows_[static_cast<std::size_t>(j)]);
-        for (std::size_t i = 0; i < columns_.size(); ++i)
-            row[columns_[i]] = {static_cast<Integer>(i), static_cast<Integer>(j)};
-    }
-}
-
-void SpectrumPasses::placeCellsUpToOverflow(Grid<FtIndexCell>& ftIndex) const {
-    for (std::size_t i = 0; i < columns_.size(); ++i)
-        for (std::size_t j = 0; j < rows_.size(); ++j) {
-            ftIndex(columns_[i], rows_[j]) = {static_cast<Integer>(i), static_cast<Integer>(j)};
-            if (!std::isfinite(scaled(values_[j * columns_.size() + i])))
-                return;
+/// How many cells a draw comes to, column after column, the one that overflows
+/// included.
+Long SpectrumPasses::cellsUpToOverflow() const {
+    Long cells = 0;
+    for (Long i = 0; i < w_; ++i)
+        for (Long j = 0; j < h_; ++j) {
+            ++cells;
+            if (!std::isfinite(scaled(valuesOfRow(j)[static_cast<std::size_t>(i)])))
+                return cells;
         }
+    return cells;
 }
 
 /// False where a value overflows.

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "engine/Color.h"
-#include "engine/Grid.h"
 #include "engine/Numbers.h"
+#include "engine/SpectrumIndex.h"
 #include "engine/clComplexImage.h"
 
 namespace quillon {
@@ -49,14 +49,13 @@ public:
     Single measure();
 
     /// Scales, colours and centres what measure() found, and notes in `ftIndex`
-    /// which cell each pixel shows. On an overflow the cells that came before,
-    /// column after column, are noted.
-    SpectrumPicture paint(Grid<FtIndexCell>& ftIndex) const;
+    /// which cell each pixel shows. On an overflow the cells up to the one that
+    /// overflows, column after column, are noted.
+    SpectrumPicture paint(SpectrumIndex& ftIndex) const;
 
 private:
     Single scaled(Single value) const;
-    void placeCells(Grid<FtIndexCell>& ftIndex) const;
-    void placeCellsUpToOverflow(Grid<FtIndexCell>& ftIndex) const;
+    Long cellsUpToOverflow() const;
     bool scaleRow(Long j, std::span<Integer> levels) const;
     void colourRow(Long j, std::span<const Integer> levels, std::span<PixelWord> words) const;
     std::span<const Single> valuesOfRow(Long j) const;

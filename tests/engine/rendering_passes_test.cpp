@@ -55,11 +55,12 @@ SpectrumLook asLook(const slow::Look& look) {
 /// The passes as DrawFT runs them, told in the slow renderer's terms.
 slow::Drawing drawFast(const ComplexGrid& data, Long w, Long h, const slow::Look& look) {
     slow::Drawing drawing;
-    drawing.ftIndex.allocate(w, h);
+    SpectrumIndex ftIndex;
+    ftIndex.allocate(w, h);
     try {
         SpectrumPasses passes(data, w, h, asLook(look));
         if (passes.measure() != 0) {
-            SpectrumPicture picture = passes.paint(drawing.ftIndex);
+            SpectrumPicture picture = passes.paint(ftIndex);
             drawing.pix = std::move(picture.words);
             drawing.relief = std::move(picture.levels);
             drawing.drawn = true;
@@ -68,6 +69,10 @@ slow::Drawing drawFast(const ComplexGrid& data, Long w, Long h, const slow::Look
         EXPECT_EQ(error.number(), ErrorNumber::Overflow);
         drawing.overflow = true;
     }
+    drawing.ftIndex.allocate(w, h);
+    for (Long x = 0; x <= w; ++x)
+        for (Long y = 0; y <= h; ++y)
+            drawing.ftIndex(x, y) = ftIndex(x, y);
     return drawing;
 }
 
@@ -182,13 +187,14 @@ TEST(SpectrumPasses, CellsThatDoNotExistAreASubscriptError) {
     EXPECT_THROW(paintReconstruction(data, 64, 64, 0, Inversion::Off), RunTimeError);
     SpectrumPasses passes(data, 16, 16, asLook(look));
     passes.measure();
-    Grid<FtIndexCell> unallocated;
+    SpectrumIndex unallocated;
     EXPECT_THROW(passes.paint(unallocated), RunTimeError);
 }
 
 TEST(SpectrumPasses, TheQuadrantsChangePlacesWithTheZeroFrequencyUpAndLeftOfTheMiddle) {
     const ComplexGrid data = randomSpectrum(256, 256, kSeed);
-    Grid<FtIndexCell> ftIndex(256, 256);
+    SpectrumIndex ftIndex;
+    ftIndex.allocate(256, 256);
     const slow::Look look = lookOf(0);
     SpectrumPasses passes(data, 256, 256, asLook(look));
     passes.measure();
