@@ -55,6 +55,23 @@ row() {
     keep "$home/shot.png" "$1"
 }
 
+# zoomed NAME CHANNEL TIMES SCRIPT STEP...: the three panels, the spectrum's middle
+# enlarged 2, 3 or 4 times, for spectra of single points.
+zoomed() {
+    local crop first=$(($2 * 3 - 2))
+    case $3 in
+    2) crop=128x128+64+64 ;;
+    3) crop=85x85+85+85 ;;
+    4) crop=64x64+96+96 ;;
+    esac
+    draw "$4" "${@:5}" --panels "$home/shot"
+    convert "$home/shot-$first.png" -size 8x256 xc:none \
+        \( "$home/shot-$((first + 1)).png" -crop "$crop" +repage -filter point \
+        -resize "${3}00%" -background black -extent 256x256 \) \
+        xc:none "$home/shot-$((first + 2)).png" +append "$home/row.png"
+    keep "$home/row.png" "$1"
+}
+
 # panel NAME PANEL SCRIPT STEP...: one panel, 1 to 6.
 panel() {
     draw "$3" "${@:4}" --panels "$home/shot"
@@ -65,7 +82,7 @@ panel() {
 # widthxheight+left+top, with pixels made square blocks of FACTOR by FACTOR.
 detail() {
     draw "$5" "${@:6}" --panels "$home/shot"
-    convert "$home/shot-$2.png" -crop "$3" +repage -filter point -resize "$400%" "$home/part.png"
+    convert "$home/shot-$2.png" -crop "$3" +repage -filter point -resize "${4}00%" "$home/part.png"
     keep "$home/part.png" "$1"
 }
 
