@@ -43,7 +43,7 @@ std::array<Integer, 4> maskCorners(const std::vector<std::string>& words) {
     for (std::size_t i = 0; i < corners.size(); ++i) {
         if (i >= words.size())
             throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
-        corners[i] = toInteger(leadingSingle(words[i]));
+        corners[i] = toInteger(leadingNumber(words[i]));
     }
     return corners;
 }

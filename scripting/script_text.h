@@ -45,9 +45,10 @@ std::string argumentText(std::string_view line);
 /// with "/" and so is a whole path of a POSIX system. Everything else stands as it is.
 std::string inFolder(const std::string& folder, const std::string& name);
 
-/// The corners that words 0 to 3 of a mask row tell, as X1, Y1, X2, Y2. Throws
-/// RunTimeError SubscriptOutOfRange for fewer words and Overflow for a corner
-/// that no Integer holds.
+/// The corners that words 0 to 3 of a mask row tell, as X1, Y1, X2, Y2, each
+/// rounded once, from all its digits, half to even. Throws RunTimeError
+/// SubscriptOutOfRange for fewer words and Overflow for a corner that no Integer
+/// holds.
 std::array<Integer, 4> maskCorners(const std::vector<std::string>& words);
 
 }  // namespace quillon
