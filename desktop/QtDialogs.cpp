@@ -10,6 +10,7 @@
 
 #include "desktop/Conversions.h"
 #include "engine/RunTimeError.h"
+#include "engine/mFFTUTIL.h"
 
 namespace quillon {
 
@@ -111,10 +112,14 @@ void QtDialogs::show(FileDialog& dialog, Purpose purpose) {
             box.selectNameFilter(filters[dialog.FilterIndex - 1]);
     }
     const QString folder = toNativePath(dialog.InitDir);
-    if (!folder.isEmpty() && QDir(folder).exists())
+    const bool placed = !folder.isEmpty() && QDir(folder).exists();
+    if (placed)
         box.setDirectory(folder);
+    // Of the last file the name is offered; its path would lead the dialog away
+    // from the folder where it is to start.
     if (!dialog.FileName.empty())
-        box.selectFile(toNativePath(dialog.FileName));
+        box.selectFile(placed ? toQString(FileNamePart(dialog.FileName))
+                              : toNativePath(dialog.FileName));
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         throw RunTimeError(ErrorNumber::DialogCancelled);
     dialog.FileName = toLabPath(QDir::cleanPath(box.selectedFiles().constFirst()));

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFontMetrics>
 #include <QInputDialog>
 #include <QLabel>
@@ -163,6 +165,27 @@ TEST_F(DialogService, TheSaveDialogOffersTheLastNameAndForcesNoExtension) {
     });
     dialogs.showSave(dialog);
     EXPECT_EQ(dialog.FileName, toLabPath(folder.filePath(QStringLiteral("new.name"))));
+}
+
+TEST_F(DialogService, AFileDialogStartsInItsFolderWhereverTheLastFileLay) {
+    QDir(folder.path()).mkdir(QStringLiteral("Scripts"));
+    make("Scripts/cat.ftscr");
+    make("elsewhere.ftscr");
+    for (const char* last : {"elsewhere.ftscr", "Scripts/cat.ftscr", "gone/mouse.ftscr"}) {
+        FileDialog dialog;
+        dialog.InitDir = toLabPath(folder.filePath(QStringLiteral("Scripts"))) + "\\";
+        dialog.FileName = toLabPath(folder.filePath(QString::fromLatin1(last)));
+        dialog.Filter = "Script (*.ftscr)|*.ftscr";
+        whenModal<QFileDialog>([&](QFileDialog& box) {
+            EXPECT_EQ(box.directory().path(), folder.filePath(QStringLiteral("Scripts")));
+            auto* edit = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            EXPECT_EQ(edit->text(), QFileInfo(QString::fromLatin1(last)).fileName());
+            edit->setText(QStringLiteral("cat.ftscr"));
+            static_cast<QDialog&>(box).accept();
+        });
+        dialogs.showOpen(dialog);
+        EXPECT_EQ(dialog.FileName, toLabPath(folder.filePath(QStringLiteral("Scripts/cat.ftscr"))));
+    }
 }
 
 TEST_F(DialogService, ACancelledFileDialogIsAnErrorAndKeepsTheName) {
