@@ -114,6 +114,16 @@ TEST(ScriptClosing, EmptiesTheTagsBeforeItTransforms) {
     EXPECT_EQ(bench.pb6.Tag, "3D") << "a channel without a file is left alone";
 }
 
+TEST(ScriptClosing, LetsNoEventsInOfItsOwnAccord) {
+    ScriptBench bench;
+    bench.run(
+        "TITLE a\r\nLOAD1 a.bmp\r\nNEW1\r\nLOWPASS 4\r\nHIGHPASS 4\r\nMASK two.ftmsk\r\n"
+        "INVERT1\r\nINVERT2\r\nINVERT3\r\nSAVE1 x.bmp\r\nBOTTOM\r\nMASK 0\r\nRNDPHASES\r\n"
+        "CONVOLVE1\r\nDECONVOLVE2\r\nEXIT");
+    EXPECT_TRUE(bench.desktop.dialogs.messages.empty());
+    EXPECT_EQ(bench.desktop.screen.yields, 0);
+}
+
 TEST(ScriptClosing, KeepsNothingForTheNextRun) {
     ScriptBench bench;
     bench.run("BOTTOM\r\nLOAD1 a.bmp\r\nINVERT2\r\nCONVOLVE1");
