@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "engine/ExchangeArray.h"
 #include "tests/support/ChannelUnderTest.h"
@@ -90,6 +91,60 @@ TEST_F(SpectrumEditErrors, AMagnitudeThatNoSingleHoldsOverflows) {
     start(f);
     EXPECT_EQ(errorOf([&] { channel.DiscardPhases(); }), ErrorNumber::Overflow);
     expectSplitAt(0, 5, f, slow::discardPhases(f));
+}
+
+TEST_F(SpectrumEditErrors, EveryEditEndsAtAMagnitudeThatNoSingleHolds) {
+    Spectrum f = randomSpectrum(256, 256, 48);
+    f(1, 2) = {-3e38F, 3e38F};
+    const Spectrum other = randomSpectrum(256, 256, 49);
+    start(f);
+    EXPECT_EQ(errorOf([&] { channel.DiscardMagnitudes(); }), ErrorNumber::Overflow);
+    expectSplitAt(1, 2, f, slow::discardMagnitudes(f));
+    Rnd rnd;
+    start(f);
+    EXPECT_EQ(errorOf([&] { channel.RandomizePhases(); }), ErrorNumber::Overflow);
+    expectSplitAt(1, 2, f, slow::randomizePhases(f, rnd));
+    start(f);
+    EXPECT_EQ(errorOf([&] { channel.SwapPhases(slow::toExchangeArray(other)); }),
+              ErrorNumber::Overflow);
+    expectSplitAt(1, 2, f, slow::swapPhases(f, other));
+}
+
+TEST_F(SpectrumEditErrors, AFactorThatNoSingleHoldsEndsRandomMagnitudesBeforeTheIntensity) {
+    // The range of this spectrum is large and one of its magnitudes very small.
+    Spectrum f(256, 256);
+    for (Long u = 0; u < 256; ++u)
+        for (Long v = 0; v < 256; ++v)
+            f(u, v) = {1e30F, -1e30F};
+    f(7, 9) = {1e-30F, 0};
+    start(f);
+    const Single factor = channel.sqrtFactor();
+    Rnd rnd;
+    const Spectrum after = slow::randomizeMagnitudes(f, rnd).spectrum;
+    EXPECT_EQ(errorOf([&] { channel.RandomizeMagnitudes(); }), ErrorNumber::Overflow);
+    expectSplitAt(7, 9, f, after);
+    EXPECT_EQ(channel.sqrtFactor(), factor);
+}
+
+TEST_F(SpectrumEditErrors, ASumThatNoSingleHoldsEndsRandomMagnitudesAtTheCellThatTipsIt) {
+    Spectrum f(256, 256);
+    for (Long u = 0; u < 256; ++u)
+        for (Long v = 0; v < 256; ++v)
+            f(u, v) = {2e38F, -2e38F};
+    // The first draws alone decide where the sum passes the greatest Single.
+    Rnd rnd;
+    Double sum = 0;
+    Long v = -1;
+    while (sum <= std::numeric_limits<Single>::max()) {
+        sum += rnd() * 2e38;
+        ++v;
+    }
+    ASSERT_LT(v, 256);
+    start(f);
+    rnd = Rnd();
+    const Spectrum after = slow::randomizeMagnitudes(f, rnd).spectrum;
+    EXPECT_EQ(errorOf([&] { channel.RandomizeMagnitudes(); }), ErrorNumber::Overflow);
+    expectSplitAt(0, v, f, after);
 }
 
 TEST_F(SpectrumEditErrors, ASmallArrayEndsAtTheFirstCellItLacks) {

@@ -233,6 +233,26 @@ TEST_F(SpectrumEdits, OfAnExactZeroGiveOneWithoutPhaseAndZeroWithoutMagnitude) {
     }
 }
 
+TEST_F(SpectrumEdits, AreHandedOutWithAnEmptyRowAndColumnAndWithoutAnImage) {
+    lab.pb1.Tag = "";
+    ExchangeArray p(256, 256);
+    channel.GetFTArray(p);
+    EXPECT_TRUE(lab.log.empty()) << "nothing is drawn";
+    for (Long u = 0; u <= 256; ++u)
+        for (Long v = 0; v <= 256; ++v) {
+            const bool inside = u < 256 && v < 256;
+            ASSERT_EQ(p(u, v, 0), inside ? channel.spectrum()(u, v).re : 0);
+            ASSERT_EQ(p(u, v, 1), inside ? channel.spectrum()(u, v).im : 0);
+        }
+    // What stands in the row and the column beyond the spectrum is nobody's.
+    const Spectrum before = channel.spectrum();
+    for (Long i = 0; i <= 256; ++i)
+        p(256, i, 0) = p(i, 256, 1) = 77;
+    channel.SetFTArray(p);
+    EXPECT_EQ(differingCells(channel.spectrum(), before), 0);
+    EXPECT_FALSE(lab.log.empty()) << "and without an image it is drawn";
+}
+
 TEST_F(SpectrumEdits, DiscardingTwiceIsDiscardingOnce) {
     for (const Edit edit : {&clComplexImage::DiscardPhases, &clComplexImage::DiscardMagnitudes}) {
         channel.runFOURN(1);

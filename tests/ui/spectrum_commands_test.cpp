@@ -107,6 +107,31 @@ TEST_F(SpectrumCommands, ExchangeWithAnEmptySpectrumFailsAtTheFirstCellOfTheOthe
     }
 }
 
+TEST_F(SpectrumCommands, ExchangeInChannelOneBeforeChannelTwo) {
+    const auto withHole = [](const Spectrum& f) {
+        Spectrum holed = f;
+        holed(2, 7) = ComplexCell{};
+        return slow::toExchangeArray(holed);
+    };
+    recalculate();
+    channel(Channel::Two).SetFTArray(withHole(f(Channel::Two)));
+    const Spectrum before = f(Channel::Two);
+    EXPECT_EQ(errorOf([&] { form.itmOpt(6); }), ErrorNumber::DivisionByZero);
+    EXPECT_EQ(differingCells(f(Channel::Two), before), 0) << "its turn never came";
+
+    recalculate();
+    channel(Channel::One).SetFTArray(withHole(f(Channel::One)));
+    const Spectrum swapped = slow::swapPhases(f(Channel::One), f(Channel::Two));
+    const Spectrum two = f(Channel::Two);
+    form.ShowStatus(2, "before");
+    EXPECT_EQ(errorOf([&] { form.itmOpt(6); }), ErrorNumber::DivisionByZero);
+    EXPECT_EQ(differingCells(f(Channel::One), swapped), 0) << "channel 1 is through";
+    EXPECT_GT(differingCells(f(Channel::Two), two), 500);
+    EXPECT_EQ(f(Channel::Two)(2, 7).re, two(2, 7).re);
+    EXPECT_EQ(f(Channel::Two)(2, 8).im, two(2, 8).im);
+    EXPECT_NE(status(2), "FT Phase Sets Swapped");
+}
+
 TEST_F(SpectrumCommands, RepeatTheSameNumbersInEveryRunOfTheProgram) {
     Form1 second(desktop.desktop(), folders);
     RecordingHost secondHost{desktop.calls};
