@@ -159,6 +159,48 @@ TEST_F(Scripts, ADeconvolutionByAnEmptySpectrumFailsInTheReadersHandler) {
     EXPECT_NE(before, form.pb3.Image()) << "the phases had been randomised before the failure";
 }
 
+TEST_F(Scripts, ADeferredCommandDoesWhatItsMenuEntryDoes) {
+    const std::pair<const char*, const char*> commands[] = {
+        {"RNDPHASES", "FT Phases Randomized"},      {"RNDMODULI", "FT Magnitudes Randomized"},
+        {"CONVOLVE1", "Convolution Performed"},     {"CONVOLVE2", "Convolution Performed"},
+        {"DECONVOLVE1", "Deconvolution Performed"}, {"DECONVOLVE2", "Deconvolution Performed"}};
+    for (const auto& [command, text] : commands) {
+        run("");
+        const Bitmap top = form.pb3.Image();
+        const Bitmap bottom = form.pb6.Image();
+        run(command);
+        EXPECT_EQ(status(2), text) << command;
+        const bool both = std::string(command).starts_with("RND");
+        const bool intoTop = std::string(command).ends_with("1");
+        EXPECT_EQ(form.pb3.Image() != top, both || intoTop) << command;
+        EXPECT_EQ(form.pb6.Image() != bottom, both || !intoTop) << command;
+    }
+    EXPECT_TRUE(desktop.dialogs.messages.empty());
+}
+
+TEST_F(Scripts, ANewImageKeepsTheFileOfItsChannelForTheClosingStage) {
+    run("LOWPASS 9\r\nNEW1\r\nINVERT1");
+    EXPECT_EQ(form.lab.channel1.file, sample1);
+    EXPECT_FALSE(form.lab.channel1.bFilter) << "the filter went with the old image";
+    EXPECT_TRUE(isFilterMarked(MenuArray::mnuFT1a, 9));
+    EXPECT_EQ(form.pb1.Image(), Bitmap(256, 256, 0xFFFFFF))
+        << "a channel that holds a file is transformed and inverted";
+    EXPECT_EQ(form.lab.channel1.spectrum()(0, 0).re, 0)
+        << "the spectrum is that of the black image";
+}
+
+TEST_F(Scripts, AFilterOfAScriptIsMarkedInItsMenu) {
+    run("HIGHPASS 9\r\nBOTTOM\r\nMASK 1\r\n10 20 30 40");
+    EXPECT_TRUE(isFilterMarked(MenuArray::mnuFT1a, 11));
+    EXPECT_TRUE(isFilterMarked(MenuArray::mnuFT2a, 12));
+    EXPECT_EQ(form.lab.channel2.nmask, 1);
+    const Bitmap masked = form.pb6.Image();
+    run("");
+    EXPECT_TRUE(isFilterMarked(MenuArray::mnuFT1a, 9));
+    EXPECT_TRUE(isFilterMarked(MenuArray::mnuFT2a, 9));
+    EXPECT_NE(form.pb6.Image(), masked);
+}
+
 TEST_F(Scripts, TheStartScriptOfTheCommandLineTakesThePlaceOfTheSamples) {
     desktop.files.addFile("C:\\a b\\x.FtScr", "LOAD1 Halvard-Image2.jpg\r\nLOWPASS 5");
     desktop.environment.arguments = "\"C:\\a b\\x.FtScr\"";
