@@ -1,6 +1,8 @@
 #include "tests/desktop/OpenedWindow.h"
 
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -66,6 +68,31 @@ void OpenedWindow::doubleClick(QWidget& widget, QPointF at) {
     QTest::mouseDClick(window().windowHandle(), Qt::LeftButton, {},
                        widget.mapTo(&window(), whole(at)));
     settle();
+}
+
+void OpenedWindow::choose(const char* title, const char* entryName) {
+    QMenu& opened = menu(title);
+    const QRect place = bar().actionGeometry(opened.menuAction());
+    whenPopup([&](QMenu& shown) {
+        EXPECT_EQ(shown.objectName(), QString::fromLatin1(title));
+        QTest::mouseClick(&shown, Qt::LeftButton, {},
+                          shown.actionGeometry(&entry(entryName)).center());
+    });
+    QTest::mouseClick(&bar(), Qt::LeftButton, {}, place.center());
+    settle();
+}
+
+bool OpenedWindow::drop(QWidget& target, const QList<QUrl>& urls) {
+    QMimeData content;
+    content.setUrls(urls);
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &content, Qt::LeftButton, {});
+    enter.setAccepted(false);
+    QApplication::sendEvent(&target, &enter);
+    if (!enter.isAccepted())
+        return false;
+    QDropEvent dropped({50, 50}, Qt::CopyAction, &content, Qt::LeftButton, {});
+    QApplication::sendEvent(&target, &dropped);
+    return dropped.isAccepted();
 }
 
 void OpenedWindow::settle() {

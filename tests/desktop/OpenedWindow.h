@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
+#include <QList>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -32,6 +36,14 @@ protected:
     FormWindow& window() { return lab->window(); }
     QWidget& widget(const char* name);
     PanelWidget& panel(const char* name);
+    QMenuBar& bar() { return *window().findChild<QMenuBar*>(); }
+    QMenu& menu(const char* title) {
+        return *window().findChild<QMenu*>(QString::fromLatin1(title));
+    }
+    /// An entry by its name with its index: "itmOpt(4)".
+    QAction& entry(const char* name) {
+        return *window().findChild<QAction*>(QString::fromLatin1(name));
+    }
 
     // Real events of the window system.
     void press(QWidget& widget, QPointF at, Qt::MouseButton button = Qt::LeftButton,
@@ -41,6 +53,10 @@ protected:
                  Qt::KeyboardModifiers modifiers = {});
     void click(QWidget& widget);
     void doubleClick(QWidget& widget, QPointF at);
+    /// Opens a title of the menu bar with the mouse and clicks an entry of its menu.
+    void choose(const char* title, const char* entryName);
+    /// Drops files on a widget; false where the widget did not want them.
+    bool drop(QWidget& target, const QList<QUrl>& urls);
     /// The middle of a panel pixel as a point of the panel's widget.
     QPointF pixel(PanelWidget& panel, int x, int y) { return panel.pointOf({x, y}); }
 

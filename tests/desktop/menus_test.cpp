@@ -11,28 +11,7 @@
 namespace quillon {
 namespace {
 
-class Menus : public OpenedWindow {
-protected:
-    QMenuBar& bar() { return *window().findChild<QMenuBar*>(); }
-    QMenu& menu(const char* title) {
-        return *window().findChild<QMenu*>(QString::fromLatin1(title));
-    }
-    QAction& entry(const char* name) {
-        return *window().findChild<QAction*>(QString::fromLatin1(name));
-    }
-    /// Opens a title of the bar with the mouse, clicks an entry of its menu.
-    void choose(const char* title, const char* entryName) {
-        QMenu& opened = menu(title);
-        const QRect place = bar().actionGeometry(opened.menuAction());
-        whenPopup([&](QMenu& shown) {
-            EXPECT_EQ(shown.objectName(), QString::fromLatin1(title));
-            QTest::mouseClick(&shown, Qt::LeftButton, {},
-                              shown.actionGeometry(&entry(entryName)).center());
-        });
-        QTest::mouseClick(&bar(), Qt::LeftButton, {}, place.center());
-        settle();
-    }
-};
+class Menus : public OpenedWindow {};
 
 TEST_F(Menus, TheBarHoldsItsTitlesInOrderWithThreeDisabledBarsBetween) {
     QStringList titles;

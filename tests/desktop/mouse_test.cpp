@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDropEvent>
 #include <QLabel>
-#include <QMimeData>
 #include <QTest>
 #include <QUrl>
 
@@ -196,19 +194,6 @@ TEST_F(Mouse, AReleaseOnTheBackgroundGivesTheWindowItsPointerBack) {
 
 class Drops : public Mouse {
 protected:
-    /// Drops files on a widget; false where the widget did not want them.
-    bool drop(QWidget& target, const QList<QUrl>& urls) {
-        QMimeData content;
-        content.setUrls(urls);
-        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &content, Qt::LeftButton, {});
-        enter.setAccepted(false);
-        QApplication::sendEvent(&target, &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent dropped({50, 50}, Qt::CopyAction, &content, Qt::LeftButton, {});
-        QApplication::sendEvent(&target, &dropped);
-        return dropped.isAccepted();
-    }
     QUrl picture(const char* name, QColor color) {
         const QString path = home.filePath(QString::fromLatin1(name));
         QImage image(40, 30, QImage::Format_RGB32);
