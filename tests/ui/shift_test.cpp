@@ -35,16 +35,18 @@ TEST_F(Shift, AShiftIsMeasuredInWholePixels) {
     EXPECT_EQ(form.pb3.Image(), rolled(before, 2, -4)) << "ties go to the even pixel";
 }
 
-TEST_F(Shift, TheNineTilesOverlapInTheirOrder) {
+TEST_F(Shift, TheNineTilesOverlapInTheirOrderAndReachOnePanelFarAtMost) {
     // A copy larger than the panel shows which tile was laid last.
     const Bitmap copy = randomPicture(300, 280, 21);
     form.mem.setPicture(copy);
-    for (const auto& [dx, dy] : {std::pair{0, 0}, {100, 30}, {-100, 30}, {100, -30}, {-9, -40}}) {
+    for (const auto& [dx, dy] :
+         {std::pair{0, 0}, {100, 30}, {-100, 30}, {100, -30}, {-9, -40}, {400, -30}, {20, 290}}) {
+        // Beyond a whole panel the tiles leave a part as it was.
+        Bitmap expected = form.pb3.Image();
         const std::pair<int, int> order[] = {
             {dx - 256, dy + 256}, {dx + 256, dy},       {dx - 256, dy},
             {dx, dy + 256},       {dx, dy - 256},       {dx + 256, dy + 256},
             {dx - 256, dy - 256}, {dx + 256, dy - 256}, {dx, dy}};
-        Bitmap expected(256, 256);
         for (const auto& [left, top] : order)
             for (int y = 0; y < copy.height; ++y)
                 for (int x = 0; x < copy.width; ++x)
