@@ -1,5 +1,6 @@
 #include "desktop/FormWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QCursor>
@@ -35,6 +36,17 @@ bool isStatusCell(const Control& control) {
 
 Qt::Alignment alignmentOf(const Control& control) {
     return isTab(control) ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter;
+}
+
+/// Ends the program once no dialog is on show. A script may go on behind the end
+/// of its session and fail there; a dialog that is open while the program ends
+/// would vanish before anybody has read it.
+void quitBehindDialogs() {
+    if (QWidget* dialog = QApplication::activeModalWidget())
+        QObject::connect(dialog, &QObject::destroyed, QCoreApplication::instance(),
+                         quitBehindDialogs, Qt::QueuedConnection);
+    else
+        QCoreApplication::quit();
 }
 
 /// Only the image panels take files.
@@ -224,8 +236,8 @@ void FormWindow::showModal(dlgARRAY& dialog) {
 
 void FormWindow::unloaded() {
     hide();
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(), [] { QCoreApplication::quit(); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(QCoreApplication::instance(), quitBehindDialogs,
+                              Qt::QueuedConnection);
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "tests/support/RecordingWatcher.h"
 #include "tests/support/error_of.h"
 #include "tests/support/slow_drawing.h"
 
@@ -114,12 +115,16 @@ TEST(LatticePoints, ThePointsArePersistentInTheInkOfThePanelWhateverThePen) {
     box.ForeColor = kRed;
     box.Line(0, 0, 29, 29, kGreen);
     ASSERT_TRUE(box.hasScreenLayer());
+    RecordingWatcher watcher;
+    box.watch(&watcher);
     plotLattice(box, {{5, 5}, {15, 5}, {5, 15}});
+    EXPECT_EQ(watcher.count("showNow box"), 1);
     EXPECT_TRUE(box.AutoRedraw());
     EXPECT_FALSE(box.hasScreenLayer()) << "the construction lines are gone";
     EXPECT_EQ(pointsOf(box.Image()), 9);
     EXPECT_EQ(box.GetPixel(15, 25), kRed.value);
     EXPECT_EQ(box.GetPixel(14, 25), 0);
+    box.watch(nullptr);
 }
 
 TEST(LatticePoints, TooManyStepsForAnIntegerOverflow) {

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
+#include <QTimer>
 
 #include "desktop/Conversions.h"
 #include "tests/desktop/OpenedWindow.h"
@@ -150,6 +151,29 @@ TEST_F(ScriptsOfTheWindow, AScriptWithExitEndsTheProgramAfterItsSaves) {
     EXPECT_TRUE(images.exists(QStringLiteral("saved.bmp")));
     EXPECT_TRUE(images.exists(QStringLiteral("spectrum.bmp")));
     EXPECT_NE(read("last.ftscr").find("HIGHPASS\t30\r\n"), std::string::npos);
+}
+
+TEST_F(ScriptsOfTheWindow, AFailureBehindExitCanBeReadBeforeTheProgramEnds) {
+    write("end.ftscr", "EXIT\r\nBOTTOM\r\nNEW1\r\nDECONVOLVE1\r\n");
+    bool stayed = false;
+    recording.dialogs.onMessage = [&](const RecordingDialogs::Message& message) {
+        // Whatever ends the program is taken before the timer.
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            stayed = dialog != nullptr;
+            if (stayed)
+                dialog->close();
+        });
+        services.dialogs.messageBox(message.text, message.title, message.icon, message.buttons);
+    };
+    QMetaObject::invokeMethod(
+        qApp, [this] { loadFromMenu("end.ftscr"); }, Qt::QueuedConnection);
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_TRUE(stayed);
+    EXPECT_TRUE(form().isUnloaded());
+    ASSERT_EQ(recording.dialogs.messages.size(), 1U);
+    EXPECT_EQ(recording.dialogs.messages[0].text,
+              "Error in Read Script: [DECONVOLVE1]Division by zero");
 }
 
 TEST_F(ScriptsOfTheWindow, TheEditsOfTheOptionsMenuChangeBothSpectraAndSaySo) {

@@ -63,6 +63,7 @@ TEST_F(Freehand, AClickLeavesADotOfThePensWidthAndOneTransform) {
         EXPECT_EQ(inked(image(which).Image()), dot(40, 60));
         EXPECT_EQ(image(which).Picture(), image(which).Image()) << "committed";
         EXPECT_EQ(transforms(), 2) << "one forward run with its inverse";
+        EXPECT_EQ(shown(image(which)), 2) << "at the press and with the dot of the release";
     }
 }
 

@@ -56,6 +56,21 @@ TEST_F(ProfilePlot, TheRowIsPlottedWithItsMaximumCentredAbove) {
     }
 }
 
+TEST_F(ProfilePlot, ThePatchLiesOnTheSchemesGroundAndEachPanelIsShownOnce) {
+    form.itmOpt0(0);
+    const PixelWord ground = toPixelWord(form.lab.guiColors[1]);
+    for (const Channel which : kBoth) {
+        desktop.log.clear();
+        altOver(which, 3, 3);
+        EXPECT_EQ(image(which).Image().at(0, 0), ground);
+        EXPECT_EQ(image(which).Image().at(255, 109), ground) << "above the panel's first row";
+        EXPECT_NE(image(which).Image().at(255, 255), ground);
+        EXPECT_EQ(shown(image(which)), 1);
+        EXPECT_EQ(shown(reconstruction(which)), 1);
+        EXPECT_EQ(shown(spectrum(which)), 0);
+    }
+}
+
 TEST_F(ProfilePlot, OneChannelsProfileLeavesTheOther) {
     const Bitmap image4 = form.pb4.Image();
     const Bitmap plot6 = form.pb6.Image();
