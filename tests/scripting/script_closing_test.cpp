@@ -198,6 +198,27 @@ TEST(ScriptFilterMode, OfAnyOtherNumberDoesNothing) {
     EXPECT_TRUE(bench.desktop.log.empty());
 }
 
+/// A window whose filter entries are marked and do nothing else.
+class MarkingHost : public RecordingScriptHost {
+public:
+    using RecordingScriptHost::RecordingScriptHost;
+    void mnuFT1a(Integer /*Index*/) override {}
+    void mnuFT2a(Integer /*Index*/) override {}
+};
+
+TEST(ScriptFilterMode, OfCustomMasksEmptiesTheListAndTheOthersLeaveIt) {
+    ScriptBench bench;
+    MarkingHost host(bench.desktop.calls, bench.lab);
+    for (const Integer panel : std::initializer_list<Integer>{1, 4})
+        for (const Integer mode : std::initializer_list<Integer>{1, 2, 3, 4}) {
+            clComplexImage& channel = bench.lab.channelOf(panel);
+            channel.nmask = 0;
+            channel.AddMask(1, 2, 3, 4);
+            SetFilterMode(bench.lab, host, panel, mode, 7);
+            EXPECT_EQ(channel.nmask, mode == 4 ? 0 : 1) << mode;
+        }
+}
+
 TEST(ScriptFilterMode, TakesAnyPanelOfTheChannel) {
     for (const Integer panel : std::initializer_list<Integer>{1, 2, 3, 4, 5, 6}) {
         ScriptBench bench;
