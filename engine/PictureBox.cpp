@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "engine/Pen.h"
 
@@ -109,6 +110,19 @@ void PictureBox::SetBitmapBits(Long n, std::span<const PixelWord> words) {
     layer_ = {};
     copyBytes(words, image_.words, countBytes(n, std::min(words.size(), image_.words.size())));
     drawn();
+}
+
+void PictureBox::PaintBitmapBits(Long n, const std::function<void(std::span<PixelWord>)>& paint) {
+    const std::size_t count = static_cast<std::size_t>(n) / sizeof(PixelWord);
+    if (count <= image_.words.size()) {
+        paint(std::span(image_.words).first(count));
+        layer_ = {};
+        drawn();
+        return;
+    }
+    std::vector<PixelWord> words(count);
+    paint(words);
+    SetBitmapBits(n, words);
 }
 
 Bitmap& PictureBox::canvas() {

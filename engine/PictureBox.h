@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 
 #include "engine/Bitmap.h"
@@ -163,6 +164,11 @@ public:
     /// Writes n bytes in the same layout into Image, as they are; what Image or
     /// the buffer does not hold is left out.
     void SetBitmapBits(Long n, std::span<const PixelWord> words);
+
+    /// SetBitmapBits with words that `paint` writes, mostly in place: whole words,
+    /// n bytes of them, that hold anything before. What `paint` throws goes to the
+    /// caller; it has to throw before it writes.
+    void PaintBitmapBits(Long n, const std::function<void(std::span<PixelWord>)>& paint);
 
     /// The words of Image, to be written in place by a renderer that then calls
     /// Refresh. Rows from the top.

@@ -300,6 +300,41 @@ TEST(PictureBoxSurface, BitsAreWrittenAsTheyAre) {
     EXPECT_EQ(panel.Image().at(0, 1), 0x010203);
 }
 
+TEST(PictureBoxSurface, PaintedBitsAreWrittenInPlaceAndTakeTheScreenLayerAway) {
+    TestPanel panel(2, 2);
+    RecordingWatcher watcher;
+    panel.setAutoRedraw(false);
+    panel.PSet(0, 0, kRed);
+    panel.watch(&watcher);
+    panel.PaintBitmapBits(12, [&](std::span<PixelWord> words) {
+        EXPECT_EQ(words.size(), 3U);
+        EXPECT_EQ(words.data(), panel.Image().words.data());
+        std::ranges::fill(words, 0x00FF00);
+    });
+    EXPECT_EQ(panel.shownText(), (Rows{"GG", "G."}));
+    EXPECT_EQ(watcher.log, (Rows{"stale pb1"}));
+}
+
+TEST(PictureBoxSurface, PaintedBitsThatTheSurfaceDoesNotHoldAreLeftOut) {
+    TestPanel panel(2, 1);
+    panel.PaintBitmapBits(12, [](std::span<PixelWord> words) {
+        ASSERT_EQ(words.size(), 3U);
+        words[0] = words[2] = 0x00FF00;
+        words[1] = 0xFFFFFF;
+    });
+    EXPECT_EQ(panel.shownText(), (Rows{"G#"}));
+}
+
+TEST(PictureBoxSurface, APaintingThatFailsBeforeItWritesChangesNothing) {
+    TestPanel panel(2, 1);
+    panel.setAutoRedraw(false);
+    panel.PSet(0, 0, kRed);
+    const auto fail = [](std::span<PixelWord>) { throw RunTimeError(ErrorNumber::Overflow); };
+    EXPECT_THROW(panel.PaintBitmapBits(8, fail), RunTimeError);
+    EXPECT_EQ(panel.shownText(), (Rows{"R."}));
+    EXPECT_TRUE(panel.hasScreenLayer());
+}
+
 TEST(PictureBoxSurface, WrittenBitsGoIntoImageWhateverAutoRedraw) {
     TestPanel panel(1, 1);
     panel.setAutoRedraw(false);
