@@ -1,28 +1,18 @@
 #include "engine/kernels/transform256_levels.h"
 
-#include <vector>
+#include <array>
+
+#include "engine/kernels/instruction_sets.h"
 
 namespace quillon::kernels {
-namespace {
-
-std::vector<const Transform256Level*> findLevels() {
-    std::vector<const Transform256Level*> levels{&kPortableLevel};
-#if defined(__x86_64__)
-    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) {
-        levels.push_back(&kAvx2Level);
-        if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512vl") &&
-            __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512bw"))
-            levels.push_back(&kAvx512Level);
-    }
-#endif
-    return levels;
-}
-
-}  // namespace
 
 std::span<const Transform256Level* const> transform256Levels() {
-    static const std::vector<const Transform256Level*> levels = findLevels();
-    return levels;
+#if defined(__x86_64__)
+    static constexpr std::array kLevels = {&kPortableLevel, &kAvx2Level, &kAvx512Level};
+#else
+    static constexpr std::array kLevels = {&kPortableLevel};
+#endif
+    return std::span(kLevels).first(instructionSets());
 }
 
 const Transform256Level& transform256() {
