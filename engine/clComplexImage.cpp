@@ -85,6 +85,7 @@ void clComplexImage::SetDimensionFFT(Integer w) {
     if (w < 1)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
     imgData.allocate(w, w);
+    imgRange = {};
     ftData.allocate(w, w);
     imageBits.assign(static_cast<std::size_t>(nfftTotal), 0);
 }

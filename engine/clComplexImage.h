@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -15,6 +17,7 @@
 #include "engine/Rnd.h"
 #include "engine/RunTimeError.h"
 #include "engine/SpectrumIndex.h"
+#include "engine/transform256.h"
 
 namespace quillon {
 
@@ -39,6 +42,18 @@ class MaskPainter {
 public:
     virtual ~MaskPainter() = default;
     virtual void DrawMasks(Integer m) = 0;
+};
+
+/// The grey values of an image panel, row after row, and their sum.
+struct GreyImage {
+    std::vector<std::uint8_t> pixels;
+    Long sum = 0;
+};
+
+/// The smallest and the largest real part of a reconstruction, 0 included.
+struct RealRange {
+    Single rmin = 0;
+    Single rmax = 0;
 };
 
 struct ExportOptions;
@@ -235,9 +250,9 @@ private:
     void showFilterText();
     void forwardTransform();
     void inverseTransform();
-    std::vector<PixelWord> readImagePixels();
-    bool copySpectrum(std::span<Single> data) const;
-    void cutSpectrum(std::span<Single> data) const;
+    GreyImage readGreys();
+    ComplexGrid dividedSpectrum() const;
+    std::optional<CellBits> cutCells() const;
     /// Mode 1 draws a spectrum, centred, by view and scale, and rebuilds ftIndex;
     /// mode 0 a reconstruction, stretched to the full range of greys. Errors end
     /// in a message box.
@@ -278,6 +293,8 @@ private:
     Long nfftY = 0;
     Long nfftTotal = 0;
     ComplexGrid imgData;
+    /// The extremes of imgData.
+    RealRange imgRange;
     ComplexGrid ftData;
     SpectrumIndex ftIndex;
     std::array<MaskRectangle, kMaskLimit> maskRect{};

@@ -2,8 +2,11 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 
+#include "engine/SpectrumIndex.h"
 #include "engine/clComplexImage.h"
+#include "engine/transform256.h"
 
 namespace quillon {
 
@@ -12,25 +15,34 @@ enum class RingSide {
     Inside,   ///< a high-pass cuts from the circle inward
 };
 
-/// The pixels of the FT panel that a filter cuts, one bit each, so that a list
-/// of a thousand rectangles costs little more than one rectangle.
+/// The pixels of the FT panel that a filter cuts, one bit each, so that whole
+/// rows of a circle or a rectangle are cut at once.
 class SpectrumCut {
 public:
     /// Cuts one side of a circle. Points on the circle belong to both sides.
     /// `radiusSquared` and the centre in panel pixels.
     void addRing(RingSide side, Single centreX, Single centreY, Single radiusSquared);
-    /// Cuts a rectangle, borders included; what lies off the panel is left out.
-    void addRectangle(const MaskRectangle& rectangle);
+    /// Cuts rectangles, borders included; what lies off the panel is left out. A
+    /// thousand of them cost little more than one, and large ones no more than
+    /// small ones.
+    void addRectangles(std::span<const MaskRectangle> rectangles);
 
     bool contains(Long x, Long y) const noexcept {
         const auto column = static_cast<unsigned>(x);
         return (rows_[static_cast<std::size_t>(y)][column / 64] >> column % 64 & 1U) != 0;
     }
 
+    /// The cells of the spectrum that the cut pixels show.
+    CellBits cells(const SpectrumIndex& index) const;
+
 private:
     using Row = std::array<std::uint64_t, kTransformSide / 64>;
+    using Rows = std::array<Row, kTransformSide>;
 
-    std::array<Row, kTransformSide> rows_{};
+    static Row columns(Long first, Long end) noexcept;
+    CellBits cellsOfWholeIndex() const;
+
+    Rows rows_{};
 };
 
 }  // namespace quillon

@@ -1,9 +1,10 @@
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <span>
 
 #include "engine/RunTimeError.h"
 #include "engine/clComplexImage.h"
-#include "engine/flat_array.h"
 #include "engine/mFFTUTIL.h"
 #include "engine/spectrum_cut.h"
 
@@ -59,11 +60,13 @@ void clComplexImage::GetMask(Integer i, std::span<Single> x) const {
     x[3] = mask.bottom;
 }
 
-/// Zeroes, in the copy on its way to the inverse transform, the cells that the
-/// filter in force takes away. Circle and rectangles are told in panel pixels;
-/// ftIndex says which cell each of them shows, so before the first draw nothing
-/// is cut.
-void clComplexImage::cutSpectrum(std::span<Single> data) const {
+/// The cells that the filter in force takes away from the copy on its way to the
+/// inverse transform, or nothing where none is in force. Circle and rectangles are
+/// told in panel pixels; ftIndex says which cell each of them shows, so before the
+/// first draw nothing is cut.
+std::optional<CellBits> clComplexImage::cutCells() const {
+    if (!bRing && !bMask)
+        return std::nullopt;
     SpectrumCut cut;
     if (bRing) {
         // A radius whose square does not fit a Single counts as none.
@@ -74,19 +77,11 @@ void clComplexImage::cutSpectrum(std::span<Single> data) const {
         if (bHighpass)
             cut.addRing(RingSide::Inside, filter_xm, filter_ym, r2);
     }
-    if (bMask)
-        for (Integer i = 0; i < std::min(nmask, kMaskLimit); ++i)
-            cut.addRectangle(maskRect[static_cast<std::size_t>(i)]);
-
-    forEachCell([&](Long x, Long y) {
-        if (!cut.contains(x, y) || x > ftIndex.xBound() || y > ftIndex.yBound())
-            return;
-        const auto [u, v] = ftIndex(x, y);
-        if (u < kTransformSide && v < kTransformSide) {
-            data[realPart(u, v)] = 0.0F;
-            data[imaginaryPart(u, v)] = 0.0F;
-        }
-    });
+    if (bMask) {
+        const Integer masks = std::clamp<Integer>(nmask, 0, kMaskLimit);
+        cut.addRectangles(std::span(maskRect).first(static_cast<std::size_t>(masks)));
+    }
+    return cut.cells(ftIndex);
 }
 
 }  // namespace quillon

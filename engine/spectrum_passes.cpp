@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "engine/RunTimeError.h"
+#include "engine/kernels/greys.h"
 #include "engine/mFFTUTIL.h"
 #include "engine/mHSBRGB.h"
 
@@ -26,11 +27,6 @@ Long nearest(Single value) noexcept {
 
 std::size_t area(Long w, Long h) {
     return static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
-}
-
-void requireCells(const ComplexGrid& cells, Long w, Long h) {
-    if (w > 0 && h > 0 && (w - 1 > cells.xBound() || h - 1 > cells.yBound()))
-        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
 }
 
 Single magnitude(const ComplexCell& cell) noexcept {
@@ -228,36 +224,31 @@ std::span<const Single> SpectrumPasses::phasesOfRow(Long j) const {
                            : std::span(phases_).subspan(area(w_, j), columns_.size());
 }
 
-std::vector<PixelWord> paintReconstruction(const ComplexGrid& cells, Long w, Long h, Integer view,
-                                           Inversion inversion) {
-    requireCells(cells, w, h);
-    Single rmin = 0;
-    Single rmax = 0;
-    for (Long j = 0; j < h; ++j)
-        for (const Single re : cells.realRow(j).first(static_cast<std::size_t>(w))) {
-            rmin = MinOf(re, rmin);
-            rmax = MaxOf(re, rmax);
-        }
+void requireCells(const ComplexGrid& cells, Long w, Long h) {
+    if (w > 0 && h > 0 && (w - 1 > cells.xBound() || h - 1 > cells.yBound()))
+        throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
+}
+
+bool showsReconstruction(const RealRange& range, Integer view) noexcept {
     // The test looks at the view's values, although the picture is always grey.
     // Without imaginary parts they need no roots: the size of a real part in the
     // views 0, 1 and 3, the 180 degrees of a negative one in view 2, else 0.
-    const bool nothingToShow =
-        view == 2 ? rmin == 0.0F : (rmin == rmax || (view != 0 && view != 1 && view != 3));
-    if (nothingToShow)
-        return {};
+    if (view == 2)
+        return range.rmin != 0.0F;
+    return (view == 0 || view == 1 || view == 3) && range.rmin != range.rmax;
+}
 
-    const Single range = checkedSingle(rmax - rmin);
+void paintReconstruction(const ComplexGrid& cells, Long w, Long h, const RealRange& range,
+                         Inversion inversion, std::span<PixelWord> words) {
+    requireCells(cells, w, h);
+    kernels::GreyScale scale{.lowest = range.rmin,
+                             .range = checkedSingle(range.rmax - range.rmin),
+                             .flip = inversion == Inversion::On ? 255 : 0};
     // Of all the steps only the product can overflow, and it is largest here.
-    checkedSingle(range * 255.0F);
-    std::vector<PixelWord> words(area(w, h));
-    auto word = words.begin();
+    checkedSingle(scale.range * 255.0F);
+    const auto width = static_cast<std::size_t>(w);
     for (Long j = 0; j < h; ++j)
-        for (const Single re : cells.realRow(j).first(static_cast<std::size_t>(w))) {
-            const Long level = nearest((re - rmin) * 255.0F / range);
-            const Long g = inversion == Inversion::On ? 255 - level : level;
-            *word++ = g << 16 | g << 8 | g;
-        }
-    return words;
+        kernels::greys()(cells.realRow(j).data(), width, scale, words.subspan(area(w, j)).data());
 }
 
 }  // namespace quillon

@@ -74,11 +74,18 @@ private:
     Single vmax_ = 0;
 };
 
-/// The reconstruction in greys, stretched between the smallest and the largest
-/// real part with 0 included. Gives no words where the view finds every value of
-/// `cells` to be 0: the panel then keeps its picture. The imaginary parts are
-/// taken as 0. Throws Overflow where a step does not fit a Single.
-std::vector<PixelWord> paintReconstruction(const ComplexGrid& cells, Long w, Long h, Integer view,
-                                           Inversion inversion);
+/// Throws SubscriptOutOfRange where the cells 0 to w-1 by 0 to h-1 do not all exist.
+void requireCells(const ComplexGrid& cells, Long w, Long h);
+
+/// Whether a view has anything to show of a reconstruction with these extremes:
+/// where it finds every value to be 0 the panel keeps its picture. The imaginary
+/// parts are taken as 0.
+bool showsReconstruction(const RealRange& range, Integer view) noexcept;
+
+/// The reconstruction in greys, stretched between its extremes, into w * h words.
+/// Throws, before any word is written, SubscriptOutOfRange where the cells do not
+/// all exist, and Overflow where a step does not fit a Single.
+void paintReconstruction(const ComplexGrid& cells, Long w, Long h, const RealRange& range,
+                         Inversion inversion, std::span<PixelWord> words);
 
 }  // namespace quillon

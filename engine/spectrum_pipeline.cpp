@@ -5,16 +5,14 @@
 #include "engine/NumberText.h"
 #include "engine/RunTimeError.h"
 #include "engine/clComplexImage.h"
-#include "engine/flat_array.h"
-#include "engine/fourn.h"
 #include "engine/mFFTUTIL.h"
+#include "engine/transform256.h"
 
 namespace quillon {
 
 namespace {
 
-constexpr Integer kForward = 1;
-constexpr Integer kInverse = -1;
+constexpr Long kCells = kTransformSide * kTransformSide;
 constexpr Long kMiddleGrey = 128;
 constexpr Long kWhitePen = 16777215;
 constexpr Long kBlackPen = 0;
@@ -29,9 +27,11 @@ void passOver(Step step) {
     }
 }
 
-void transform(std::span<Single> data, Integer isign) {
-    const Long nn[] = {0, kTransformSide, kTransformSide};
-    passOver([&] { fourn(data, nn, 2, isign); });
+/// Gives a grid the side of the transform. A transform writes every cell of it, so
+/// one that has the side already is not emptied.
+void fitToTransform(ComplexGrid& grid) {
+    if (grid.xBound() != kTransformSide || grid.yBound() != kTransformSide)
+        grid.allocate(kTransformSide, kTransformSide);
 }
 
 }  // namespace
@@ -72,52 +72,37 @@ void clComplexImage::showFilterText() {
         Msg(" (Custom filter)");
 }
 
-/// The pixels of the image panel, row after row; what the panel does not give
-/// stays black.
-std::vector<PixelWord> clComplexImage::readImagePixels() {
-    std::vector<PixelWord> bits(kTransformSide * kTransformSide);
-    const auto room = static_cast<std::int64_t>(bits.size());
+/// Reads the image panel; what it does not give stays black.
+GreyImage clComplexImage::readGreys() {
+    GreyImage image{std::vector<std::uint8_t>(kCells)};
     const std::int64_t wanted = std::int64_t{nfftTotal} * 4;
-    Long got = 0;
-    passOver([&] {
-        const auto n = static_cast<Long>(std::min<std::int64_t>(wanted, room * 4));
-        got = bound(pbIMG).GetBitmapBits(n, bits);
-    });
-    if (got < wanted)
+    std::span<const PixelWord> words;
+    passOver([&] { words = bound(pbIMG).Image().words; });
+    if (std::ssize(words) * 4 < wanted)
         desktop_.dialogs.messageBox("Screen must be set to 32-bit True Color!",
                                     "System Requirement", MessageIcon::Critical,
                                     MessageButtons::Ok);
-    return bits;
+    // The image is taken to be grey: of a coloured pixel only the lowest byte counts.
+    const std::int64_t given = std::min<std::int64_t>({std::ssize(words), nfftTotal, kCells});
+    for (std::size_t i = 0; i < static_cast<std::size_t>(given); ++i) {
+        image.pixels[i] = static_cast<std::uint8_t>(words[i] & 0xFF);
+        image.sum += image.pixels[i];
+    }
+    return image;
 }
 
 void clComplexImage::forwardTransform() {
-    ftData.allocate(kTransformSide, kTransformSide);
-    std::vector<Single> data(kFlatLength);
-    Long sum = 0;
-    bool empty = true;
-    {
-        const std::vector<PixelWord> bits = readImagePixels();
-        forEachCell([&](Long x, Long y) {
-            // The image is taken to be grey: of a coloured pixel only the lowest
-            // byte counts.
-            const Integer g = RedByte(bits[static_cast<std::size_t>(y * kTransformSide + x)]);
-            data[realPart(x, y)] = g;
-            sum += g;
-            empty = empty && g == 0;
-        });
-    }
-    if (empty)
+    const GreyImage image = readGreys();
+    if (image.sum == 0) {
+        ftData.allocate(kTransformSide, kTransformSide);
         return;
-
+    }
     // Without a size no mean can be formed, and it stays 0.
-    const Long mean = nfftTotal == 0 ? 0 : toLong(static_cast<Double>(sum) / nfftTotal);
+    const Long mean = nfftTotal == 0 ? 0 : toLong(static_cast<Double>(image.sum) / nfftTotal);
     pencolor = mean < kMiddleGrey ? kWhitePen : kBlackPen;
 
-    transform(data, kForward);
-    forEachCell([&](Long x, Long y) {
-        ftData(x, y).re = data[realPart(x, y)];
-        ftData(x, y).im = data[imaginaryPart(x, y)];
-    });
+    fitToTransform(ftData);
+    forwardTransform256(std::span(image.pixels).first<kCells>(), ftData);
     passOver([&] { DrawFT(ftData, nfftX, nfftY, pbFFT, 1, bInvert[1]); });
     passOver([&] { bound(pbFFT).Tag = "!"; });
     passOver([&] { bound(pbIMG).Tag = "!"; });
@@ -128,37 +113,39 @@ void clComplexImage::forwardTransform() {
 }
 
 void clComplexImage::inverseTransform() {
-    imgData.allocate(kTransformSide, kTransformSide);
-    std::vector<Single> data(kFlatLength);
-    if (!copySpectrum(data))
+    fitToTransform(imgData);
+    const bool asItStands = nfftTotal == kCells && ftData.xBound() == kTransformSide;
+    const std::optional<CellBits> cut = cutCells();
+    const CellBits* const cells = cut ? &*cut : nullptr;
+    const InverseFindings found = asItStands
+                                      ? inverseTransform256(ftData, cells, imgData)
+                                      : inverseTransform256(dividedSpectrum(), cells, imgData);
+    // Imaginary parts alone make no picture.
+    if (!found.anyRealPart) {
+        imgData.allocate(kTransformSide, kTransformSide);
+        imgRange = {};
         return;
-    if (bRing || bMask)
-        cutSpectrum(data);
-    transform(data, kInverse);
-    // The imaginary result is thrown away.
-    forEachCell([&](Long x, Long y) { imgData(x, y).re = data[realPart(x, y)]; });
+    }
+    imgRange = {MinOf(found.lowest, 0.0F), MaxOf(found.highest, 0.0F)};
     passOver([&] { DrawFT(imgData, nfftX, nfftY, pbNEW, 0, bInvert[2]); });
     passOver([&] { bound(pbNEW).Tag = "!"; });
     passOver([&] { bound(pbIMG).Tag = "!"; });
 }
 
-/// The spectrum divided by the number of cells. False where no real part is left
-/// of it; imaginary parts alone do not count.
-bool clComplexImage::copySpectrum(std::span<Single> data) const {
+/// The spectrum where the number of cells that was set is not that of the
+/// transform, which divides by its own: what remains to be divided by the one that
+/// was set. Zeros where there is no spectrum of the side.
+ComplexGrid clComplexImage::dividedSpectrum() const {
+    ComplexGrid divided(kTransformSide, kTransformSide);
     if (nfftTotal == 0)
-        return false;
-    const auto total = static_cast<Double>(nfftTotal);
-    bool anyRealPart = false;
-    forEachCell([&](Long x, Long y) {
-        if (x > ftData.xBound() || y > ftData.yBound())
-            return;
-        const ComplexCell cell = ftData(x, y);
-        const auto re = static_cast<Single>(cell.re / total);
-        data[realPart(x, y)] = re;
-        data[imaginaryPart(x, y)] = static_cast<Single>(cell.im / total);
-        anyRealPart = anyRealPart || re != 0.0F;
-    });
-    return anyRealPart;
+        return divided;
+    const auto part = [this](Single value) {
+        return static_cast<Single>(value / static_cast<Double>(nfftTotal)) * kCells;
+    };
+    for (Long u = 0; u < std::min(ftData.xBound() + 1, kTransformSide); ++u)
+        for (Long v = 0; v < std::min(ftData.yBound() + 1, kTransformSide); ++v)
+            divided(u, v) = {part(ftData(u, v).re), part(ftData(u, v).im)};
+    return divided;
 }
 
 }  // namespace quillon

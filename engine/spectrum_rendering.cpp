@@ -42,19 +42,22 @@ void clComplexImage::DrawFT(const ComplexGrid& data, Long w, Long h, PictureBox*
     if (ifacSqrt == 0.0F)
         ifacSqrt = 1.0F;
     try {
-        std::vector<PixelWord> pix;
+        requireCells(data, w, h);
         if (mode == 1) {
             SpectrumPasses passes(data, w, h, spectrumLook(invert));
-            if (passes.measure() != 0.0F)
-                pix = passes.paint(ftIndex).words;
+            if (passes.measure() == 0.0F)
+                return;
+            const SpectrumPicture picture = passes.paint(ftIndex);
+            bound(pb).SetBitmapBits(w * h * 4, picture.words);
         } else {
-            pix = paintReconstruction(data, w, h, mView, invert ? Inversion::On : Inversion::Off);
+            if (!showsReconstruction(imgRange, mView))
+                return;
+            bound(pb).PaintBitmapBits(w * h * 4, [&](std::span<PixelWord> pix) {
+                paintReconstruction(data, w, h, imgRange, invert ? Inversion::On : Inversion::Off,
+                                    pix);
+            });
         }
-        if (pix.empty())
-            return;
-        PictureBox& panel = bound(pb);
-        panel.SetBitmapBits(w * h * 4, pix);
-        panel.Refresh();
+        bound(pb).Refresh();
         masks_.DrawMasks(-1);
         if (mode == 0)
             bound(pbNEW).Tag = "!";

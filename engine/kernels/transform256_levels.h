@@ -10,7 +10,8 @@ namespace quillon::kernels {
 
 /// What an inverse transform tells about its way.
 struct InverseFindings {
-    /// The extremes of the real parts of the result.
+    /// The extremes of the real parts of the result; the infinities where one of
+    /// them is not finite.
     float lowest;
     float highest;
     /// Whether any real part of the divided spectrum, before the cut, is not 0.

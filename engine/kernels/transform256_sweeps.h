@@ -219,6 +219,8 @@ struct Sweeps {
                                              InverseFindings& findings) noexcept {
         Reg lowest = V::broadcast(&kHuge);
         Reg highest = V::sub(V::zero(), lowest);
+        // A product with 0 is 0, but not that of a value that is not finite.
+        Reg products = V::zero();
         for (int y = 0; y < 256; y += V::kRows) {
             float* const rowRe = re + stride * y;
             K::rows(kInverseTwiddles, kNaturalOrder, tileLoad(rowRe, im + stride * y, stride),
@@ -226,19 +228,28 @@ struct Sweeps {
                         eachTile(n, x, [&](int row, int tile, const Pack& pack) {
                             lowest = V::min(lowest, pack.re);
                             highest = V::max(highest, pack.re);
+                            products = V::sum0(products, pack.re);
                             V::storeTile(rowRe + stride * row, tile, pack.re);
                         });
                     });
         }
         float low[V::kWidth];
         float high[V::kWidth];
+        float product[V::kWidth];
         V::store(low, lowest);
         V::store(high, highest);
-        findings.lowest = low[0];
-        findings.highest = high[0];
-        for (int i = 1; i < V::kWidth; ++i) {
+        V::store(product, products);
+        findings.lowest = kHuge;
+        findings.highest = -kHuge;
+        bool allFinite = true;
+        for (int i = 0; i < V::kWidth; ++i) {
             findings.lowest = low[i] < findings.lowest ? low[i] : findings.lowest;
             findings.highest = high[i] > findings.highest ? high[i] : findings.highest;
+            allFinite = allFinite && product[i] == 0.0F;
+        }
+        if (!allFinite) {
+            findings.lowest = -kHuge;
+            findings.highest = kHuge;
         }
     }
 

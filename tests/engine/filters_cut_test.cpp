@@ -1,13 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 #include <random>
 #include <vector>
 
-#include "engine/flat_array.h"
 #include "engine/fourn.h"
 #include "engine/spectrum_cut.h"
 #include "tests/support/ChannelUnderTest.h"
+#include "tests/support/flat_array.h"
 
 namespace quillon {
 namespace {
@@ -224,6 +227,111 @@ TEST_F(SpectrumFilter, AThousandRectanglesCutLikeTestsOfEveryPixel) {
     expectTheSlowCut();
 }
 
+TEST(SpectrumCutOfRectangles, OfAnyHeightIsThatOfTestsOfEveryPixel) {
+    constexpr std::uint32_t kSeed = 815;
+    SCOPED_TRACE(testing::Message() << "seed " << kSeed);
+    std::mt19937 random(kSeed);
+    const auto coordinate = [&random] {
+        return static_cast<Integer>(static_cast<int>(random() % 320) - 32);
+    };
+    for (const std::size_t count : {1U, 1U, 2U, 3U, 5U, 20U}) {
+        std::vector<MaskRectangle> rectangles(count);
+        for (MaskRectangle& rectangle : rectangles) {
+            const auto [left, right] = std::minmax({coordinate(), coordinate()});
+            const auto [top, bottom] = std::minmax({coordinate(), coordinate()});
+            rectangle = {left, top, right, bottom};
+        }
+        SpectrumCut cut;
+        cut.addRectangles(rectangles);
+        for (Long x = 0; x < 256; ++x)
+            for (Long y = 0; y < 256; ++y)
+                ASSERT_EQ(cut.contains(x, y), std::ranges::any_of(rectangles,
+                                                                  [&](const MaskRectangle& r) {
+                                                                      return r.left <= x &&
+                                                                             x <= r.right &&
+                                                                             r.top <= y &&
+                                                                             y <= r.bottom;
+                                                                  }))
+                    << x << ", " << y;
+    }
+}
+
+TEST(SpectrumCutOfRectangles, OfEveryHeightCutsEachOfItsRows) {
+    for (Integer top = 0; top < 256; top = static_cast<Integer>(top + 17))
+        for (Integer bottom = top; bottom < 256; ++bottom) {
+            SpectrumCut cut;
+            cut.addRectangles(std::array{MaskRectangle{9, top, 9, bottom}});
+            for (Long y = 0; y < 256; ++y)
+                ASSERT_EQ(cut.contains(9, y), top <= y && y <= bottom) << top << ".." << bottom;
+        }
+}
+
+TEST(SpectrumCutOfARing, AnywhereIsThatOfTestsOfEveryPixel) {
+    constexpr std::uint32_t kSeed = 816;
+    SCOPED_TRACE(testing::Message() << "seed " << kSeed);
+    std::mt19937 random(kSeed);
+    std::uniform_real_distribution<Single> place(-60, 316);
+    std::uniform_real_distribution<Single> length(0, 300);
+    constexpr Single kNone = std::numeric_limits<Single>::quiet_NaN();
+    struct Circle {
+        Single x, y, radius;
+    };
+    std::vector<Circle> circles = {{127.5F, 127.5F, 0}, {127, 127, 25},     {0, 0, 5},
+                                   {255, 255, 5},       {-40, 300, 3},      {1e30F, 3, 9},
+                                   {kNone, 3, 9},       {3, kNone, 9},      {127.5F, -1, 1},
+                                   {64, 64, 1e18F},     {128, 1e-30F, 100}, {0.5F, 400, 300}};
+    for (int i = 0; i < 30; ++i)
+        circles.push_back({place(random), std::round(place(random)), length(random)});
+    for (const Circle& circle : circles)
+        for (const RingSide side : {RingSide::Outside, RingSide::Inside}) {
+            const Single r2 = circle.radius * circle.radius;
+            SpectrumCut cut;
+            cut.addRing(side, circle.x, circle.y, r2);
+            for (Long x = 0; x < 256; ++x)
+                for (Long y = 0; y < 256; ++y) {
+                    const double dx = x - static_cast<double>(circle.x);
+                    const double dy = y - static_cast<double>(circle.y);
+                    const auto d2 = static_cast<Single>(dx * dx + dy * dy);
+                    ASSERT_EQ(cut.contains(x, y), side == RingSide::Outside ? d2 >= r2 : d2 <= r2)
+                        << x << ", " << y << " of " << circle.x << ", " << circle.y << ", r "
+                        << circle.radius;
+                }
+        }
+}
+
+/// A cut of many shapes, with its cells as the index tells them pixel by pixel.
+void expectCellsOfTheIndex(const SpectrumIndex& index) {
+    SpectrumCut cut;
+    cut.addRing(RingSide::Inside, 40, 200, 900);
+    cut.addRectangles(std::array{MaskRectangle{0, 0, 0, 255}, MaskRectangle{100, 50, 200, 130},
+                                 MaskRectangle{255, 255, 255, 255}});
+    CellBits expected{};
+    for (Long x = 0; x < std::min(index.xBound() + 1, 256); ++x)
+        for (Long y = 0; y < std::min(index.yBound() + 1, 256); ++y)
+            if (cut.contains(x, y)) {
+                const auto [u, v] = index(x, y);
+                std::uint8_t& eight =
+                    expected.at(static_cast<std::size_t>(v)).at(static_cast<std::size_t>(u) / 8);
+                eight = static_cast<std::uint8_t>(eight | 1U << u % 8);
+            }
+    EXPECT_EQ(cut.cells(index), expected);
+}
+
+TEST(SpectrumCutCells, AreThoseThatTheIndexTells) {
+    SpectrumIndex index;
+    EXPECT_EQ(SpectrumCut().cells(index), CellBits{});
+    expectCellsOfTheIndex(index);
+    index.allocate(256, 256);
+    expectCellsOfTheIndex(index);
+    index.note(40000);
+    expectCellsOfTheIndex(index);
+    index.noteAll();
+    expectCellsOfTheIndex(index);
+    index.allocate(64, 32);
+    index.noteAll();
+    expectCellsOfTheIndex(index);
+}
+
 TEST_F(SpectrumFilter, RectanglesAtEveryEdgeOfAWordAndOfThePanelCutTheirBorders) {
     for (const Integer left : std::initializer_list<Integer>{-5, 0, 1, 63, 64, 127, 200, 255, 256})
         for (const Integer right :
@@ -232,7 +340,7 @@ TEST_F(SpectrumFilter, RectanglesAtEveryEdgeOfAWordAndOfThePanelCutTheirBorders)
                 continue;
             SCOPED_TRACE(testing::Message() << left << " to " << right);
             SpectrumCut cut;
-            cut.addRectangle({left, 3, right, 250});
+            cut.addRectangles(std::array{MaskRectangle{left, 3, right, 250}});
             for (Long x = 0; x < 256; ++x) {
                 ASSERT_EQ(cut.contains(x, 3), left <= x && x <= right);
                 ASSERT_EQ(cut.contains(x, 250), left <= x && x <= right);
@@ -241,7 +349,7 @@ TEST_F(SpectrumFilter, RectanglesAtEveryEdgeOfAWordAndOfThePanelCutTheirBorders)
             }
         }
     SpectrumCut all;
-    all.addRectangle({-100, -100, 1000, 1000});
+    all.addRectangles(std::array{MaskRectangle{-100, -100, 1000, 1000}});
     EXPECT_TRUE(all.contains(0, 0));
     EXPECT_TRUE(all.contains(255, 255));
 }

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/fourn.h"
@@ -241,6 +243,28 @@ TEST_P(FournLevels, TheExtremesOfThePictureAreFound) {
         EXPECT_EQ(findings.lowest, *std::ranges::min_element(values)) << input.name;
         EXPECT_EQ(findings.highest, *std::ranges::max_element(values)) << input.name;
     }
+}
+
+TEST_P(FournLevels, TheExtremesAreInfiniteWhereARealPartIsNotFinite) {
+    constexpr Single kHuge = std::numeric_limits<Single>::max();
+    constexpr Single kInfinite = std::numeric_limits<Single>::infinity();
+    const auto extremes = [&](Single re, Single im) {
+        ComplexGrid spectrum(256, 256);
+        for (Long x = 0; x < 256; ++x)
+            for (Long y = 0; y < 256; ++y)
+                spectrum(x, y) = {x == 0 ? re : 0.0F, y == 3 ? im : 0.0F};
+        ComplexGrid picture(256, 256);
+        const InverseFindings findings =
+            level().inverse(spectrum.realPlane(), spectrum.imaginaryPlane(), nullptr,
+                            picture.realPlane(), picture.imaginaryPlane(), spectrum.stride());
+        return std::pair(findings.lowest, findings.highest);
+    };
+    EXPECT_EQ(extremes(kInfinite, 0), std::pair(-kInfinite, kInfinite));
+    EXPECT_EQ(extremes(std::numeric_limits<Single>::quiet_NaN(), 0),
+              std::pair(-kInfinite, kInfinite));
+    // The large parts just fit; with the imaginary ones some sums do not.
+    EXPECT_LT(extremes(kHuge, 0).second, kInfinite);
+    EXPECT_EQ(extremes(kHuge, kInfinite), std::pair(-kInfinite, kInfinite));
 }
 
 TEST_P(FournLevels, OnlyARealPartThatIsLeftAfterTheDivisionCounts) {

@@ -76,6 +76,35 @@ slow::Drawing drawFast(const ComplexGrid& data, Long w, Long h, const slow::Look
     return drawing;
 }
 
+RealRange rangeOf(const ComplexGrid& data, Long w, Long h) {
+    RealRange range;
+    for (Long y = 0; y < h; ++y)
+        for (Long x = 0; x < w; ++x) {
+            range.rmin = std::min(range.rmin, data(x, y).re);
+            range.rmax = std::max(range.rmax, data(x, y).re);
+        }
+    return range;
+}
+
+/// A reconstruction as DrawFT draws it.
+slow::Drawing reconstructionFast(const ComplexGrid& data, Long w, Long h, const slow::Look& look) {
+    slow::Drawing drawing;
+    const RealRange range = rangeOf(data, w, h);
+    drawing.drawn = showsReconstruction(range, look.mView);
+    if (!drawing.drawn)
+        return drawing;
+    std::vector<PixelWord> words(static_cast<std::size_t>(w * h));
+    try {
+        paintReconstruction(data, w, h, range, look.invert ? Inversion::On : Inversion::Off, words);
+        drawing.pix = words;
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::Overflow);
+        drawing.overflow = true;
+        drawing.drawn = false;
+    }
+    return drawing;
+}
+
 /// Where two pictures differ first, or nothing.
 std::string firstDifference(const std::vector<Long>& a, const std::vector<Long>& b, Long w) {
     const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
@@ -152,17 +181,28 @@ TEST_P(EveryLook, OfAReconstructionIsThatOfTheSlowRenderer) {
             for (Long x = 0; x < 256; ++x)
                 plane.cells(x, y).im = 0;
         const slow::Drawing expected = slow::drawReconstruction(plane.cells, 256, 256, look);
-        try {
-            const std::vector<PixelWord> found = paintReconstruction(
-                plane.cells, 256, 256, look.mView, look.invert ? Inversion::On : Inversion::Off);
-            EXPECT_FALSE(expected.overflow);
-            EXPECT_EQ(!found.empty(), expected.drawn);
-            if (expected.drawn) {
-                EXPECT_EQ(firstDifference(found, expected.pix, 256), "");
-            }
-        } catch (const RunTimeError& error) {
-            EXPECT_EQ(error.number(), ErrorNumber::Overflow);
-            EXPECT_TRUE(expected.overflow);
+        const slow::Drawing found = reconstructionFast(plane.cells, 256, 256, look);
+        ASSERT_EQ(found.overflow, expected.overflow);
+        ASSERT_EQ(found.drawn, expected.drawn);
+        if (expected.drawn) {
+            EXPECT_EQ(firstDifference(found.pix, expected.pix, 256), "");
+        }
+    }
+}
+
+TEST_P(EveryLook, OfAReconstructionOfAnotherSizeIsThatOfTheSlowRenderer) {
+    const slow::Look look = lookOf(GetParam());
+    for (const auto& [w, h] : {std::pair{1, 1}, {2, 2}, {8, 4}, {5, 7}, {31, 3}, {64, 64}}) {
+        SCOPED_TRACE(nameOf(look) + ": " + std::to_string(w) + " by " + std::to_string(h));
+        ComplexGrid data = randomSpectrum(w, h, kSeed);
+        for (Long x = 0; x < w; ++x)
+            for (Long y = 0; y < h; ++y)
+                data(x, y).im = 0;
+        const slow::Drawing expected = slow::drawReconstruction(data, w, h, look);
+        const slow::Drawing found = reconstructionFast(data, w, h, look);
+        ASSERT_EQ(found.drawn, expected.drawn);
+        if (expected.drawn) {
+            EXPECT_EQ(firstDifference(found.pix, expected.pix, w), "");
         }
     }
 }
@@ -176,7 +216,7 @@ TEST(SpectrumPasses, AViewThatDoesNotExistShowsNothing) {
         look.mView = static_cast<Integer>(view);
         EXPECT_EQ(SpectrumPasses(data, 256, 256, asLook(look)).measure(), 0);
         EXPECT_FALSE(slow::drawSpectrum(data, 256, 256, look, tables()).drawn);
-        EXPECT_TRUE(paintReconstruction(data, 256, 256, look.mView, Inversion::Off).empty());
+        EXPECT_FALSE(reconstructionFast(data, 256, 256, look).drawn);
     }
 }
 
@@ -184,7 +224,9 @@ TEST(SpectrumPasses, CellsThatDoNotExistAreASubscriptError) {
     const ComplexGrid data = randomSpectrum(16, 16, kSeed);
     const slow::Look look = lookOf(0);
     EXPECT_THROW(SpectrumPasses(data, 64, 64, asLook(look)), RunTimeError);
-    EXPECT_THROW(paintReconstruction(data, 64, 64, 0, Inversion::Off), RunTimeError);
+    std::vector<PixelWord> words(64 * 64, 7);
+    EXPECT_THROW(paintReconstruction(data, 64, 64, {-1, 1}, Inversion::Off, words), RunTimeError);
+    EXPECT_EQ(words, std::vector<PixelWord>(64 * 64, 7)) << "nothing is written";
     SpectrumPasses passes(data, 16, 16, asLook(look));
     passes.measure();
     SpectrumIndex unallocated;

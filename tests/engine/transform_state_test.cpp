@@ -3,6 +3,8 @@
 #include <limits>
 
 #include "tests/support/ChannelUnderTest.h"
+#include "tests/support/fourn_grids.h"
+#include "tests/support/plain_fourn.h"
 
 namespace quillon {
 namespace {
@@ -95,6 +97,41 @@ TEST_F(StateOfARun, MeanAndInverseDivideByTheNumberOfCellsThatWasSet) {
     channel.runFOURN(1);
     EXPECT_EQ(channel.pencolor, kWhitePen);
     EXPECT_NEAR(channel.reconstruction()(7, 9).re, 255.0F / 4, 0.01F);
+}
+
+TEST_F(StateOfARun, TheDivisionByAnyNumberOfCellsIsRoundedOnce) {
+    for (const Integer side : std::initializer_list<Integer>{100, 255, 257, 300}) {
+        channel.SetDimensionFFT(side);
+        channel.runFOURN(1);
+        FournGrid grid({256, 256});
+        const double cells = static_cast<double>(side) * side;
+        for (std::size_t k = 0; k < grid.elements(); ++k) {
+            const ComplexCell cell =
+                channel.spectrum()(static_cast<Long>(k / 256), static_cast<Long>(k % 256));
+            grid.re(k) = static_cast<Single>(cell.re / cells);
+            grid.im(k) = static_cast<Single>(cell.im / cells);
+        }
+        plainFourn(grid.data, grid.nn, 2, -1);
+        for (std::size_t k = 0; k < grid.elements(); ++k)
+            ASSERT_EQ(
+                channel.reconstruction()(static_cast<Long>(k / 256), static_cast<Long>(k % 256)).re,
+                grid.re(k))
+                << "side " << side << ", element " << k;
+    }
+}
+
+TEST_F(StateOfARun, AnInfiniteSpectrumLeavesThePictureWithAMessage) {
+    const Bitmap before = lab.pb3.Image();
+    ExchangeArray spectrum = onlyValue(1, 0);
+    channel.SetFTArray(spectrum);
+    lab.desktop.dialogs.messages.clear();
+    const Bitmap whole = lab.pb3.Image();
+    EXPECT_NE(whole, before);
+    spectrum(7, 9, 0) = std::numeric_limits<Single>::infinity();
+    channel.SetFTArray(spectrum);
+    EXPECT_EQ(lab.pb3.Image(), whole);
+    ASSERT_EQ(lab.desktop.dialogs.messages.size(), 2U) << "of the spectrum's draw and its own";
+    EXPECT_EQ(lab.desktop.dialogs.messages[1].text, "Error in DrawFT: Overflow");
 }
 
 TEST_F(StateOfARun, ATextForEachFlagIsShownInOrderAndTheLastOneStands) {

@@ -6,6 +6,8 @@
 
 #include "engine/RunTimeError.h"
 #include "tests/support/ChannelUnderTest.h"
+#include "tests/support/fourn_grids.h"
+#include "tests/support/plain_fourn.h"
 
 namespace quillon {
 namespace {
@@ -201,6 +203,25 @@ TEST(ForwardTransform, TheFirstIndexOfTheSpectrumRunsToTheRight) {
     EXPECT_GT(spectrum(3, 0).re, 49 * kCells);
     EXPECT_GT(spectrum(253, 0).re, 49 * kCells);
     EXPECT_LT(std::abs(spectrum(0, 3).re), 0.01F * kCells);
+}
+
+TEST(ForwardTransform, HasTheBitsOfThePlainLoop) {
+    for (int kind = 0; kind < 4; ++kind) {
+        const std::vector<std::uint8_t> pixels = testPicture(kind);
+        ChannelUnderTest lab;
+        lab.show([&](int x, int y) { return pixels[static_cast<std::size_t>(y * 256 + x)]; });
+        lab.channel.runFOURN(1);
+        FournGrid grid({256, 256});
+        for (std::size_t k = 0; k < grid.elements(); ++k)
+            grid.re(k) = pixels[k % 256 * 256 + k / 256];
+        plainFourn(grid.data, grid.nn, 2, 1);
+        for (std::size_t k = 0; k < grid.elements(); ++k) {
+            const ComplexCell cell =
+                lab.channel.spectrum()(static_cast<Long>(k / 256), static_cast<Long>(k % 256));
+            ASSERT_EQ(cell.re, grid.re(k)) << "picture " << kind << ", element " << k;
+            ASSERT_EQ(cell.im, grid.im(k)) << "picture " << kind << ", element " << k;
+        }
+    }
 }
 
 TEST(ForwardTransform, HasAPositiveSignInTheExponent) {
