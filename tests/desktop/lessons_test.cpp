@@ -1,82 +1,15 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
-#include <QImage>
 #include <cmath>
 #include <fstream>
-#include <functional>
 
 #include "desktop/Conversions.h"
-#include "desktop/QtEnvironment.h"
-#include "tests/desktop/OpenedWindow.h"
+#include "tests/desktop/LessonFixture.h"
 
 // What the lessons on masks, convolution, symmetry, sampling and numbers promise.
 
 namespace quillon {
 namespace {
-
-constexpr int kSide = 256;
-
-/// A grey for each pixel, the picture going on across its borders.
-using Greys = std::function<double(int x, int y)>;
-
-int around(int at) {
-    return ((at % kSide) + kSide) % kSide;
-}
-
-QString programFolder() {
-    return toNativePath(QtEnvironment().programFolder());
-}
-
-/// A delivered picture.
-Greys delivered(const char* name) {
-    const QImage image(programFolder() + QStringLiteral("/Images/") + QLatin1String(name));
-    EXPECT_EQ(image.size(), QSize(kSide, kSide)) << name;
-    return [image](int x, int y) {
-        return static_cast<double>(qGray(image.pixel(around(x), around(y))));
-    };
-}
-
-Greys shown(const PictureBox& panel) {
-    return [picture = panel.shown()](int x, int y) {
-        return static_cast<double>(picture.at(around(x), around(y)) & 0xFF);
-    };
-}
-
-/// How alike two pictures are, whatever their brightness and contrast: 1 for the
-/// same, about 0 for two that have nothing to do with each other. A reconstruction
-/// is stretched, so its greys cannot be compared as they are.
-double likeness(const Greys& one, const Greys& other) {
-    double sumA = 0, sumB = 0, sumAA = 0, sumBB = 0, sumAB = 0;
-    for (int y = 0; y < kSide; ++y)
-        for (int x = 0; x < kSide; ++x) {
-            const double a = one(x, y);
-            const double b = other(x, y);
-            sumA += a;
-            sumB += b;
-            sumAA += a * a;
-            sumBB += b * b;
-            sumAB += a * b;
-        }
-    constexpr double kPixels = kSide * kSide;
-    const double spread = (sumAA - sumA * sumA / kPixels) * (sumBB - sumB * sumB / kPixels);
-    return (sumAB - sumA * sumB / kPixels) / std::sqrt(spread);
-}
-
-class Lessons : public OpenedWindow {
-protected:
-    void setUp(const char* script) {
-        form().ReadScript(
-            toLabPath(programFolder() + QStringLiteral("/Scripts/") + QLatin1String(script)));
-        settle();
-    }
-    void clickOn(const char* panelName, int x, int y) {
-        PanelWidget& target = panel(panelName);
-        press(target, pixel(target, x, y));
-        release(target, pixel(target, x, y));
-    }
-    const clComplexImage& channel(Channel which) { return form().lab.channel(which); }
-};
 
 constexpr Integer kNoFilter = 9;
 constexpr Integer kCustomMasks = 12;
