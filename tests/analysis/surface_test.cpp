@@ -2,6 +2,7 @@
 
 #include "engine/RunTimeError.h"
 #include "tests/support/ChannelUnderTest.h"
+#include "tests/support/slow_edits.h"
 #include "tests/support/slow_renderer.h"
 
 namespace quillon {
@@ -86,12 +87,15 @@ TEST_F(Surface, IsShownOnceWithoutTheMasksAndMarked) {
 
 TEST_F(Surface, LeavesTheSpectrumPanelAndTheData) {
     const Bitmap spectrum = lab.pb2.Image();
+    const Bitmap reconstruction = lab.pb3.Image();
+    const slow::Spectrum cells = channel.spectrum();
     channel.draw3DFT();
     EXPECT_EQ(lab.pb2.Image(), spectrum);
-    const Bitmap surface = lab.pb3.Image();
+    EXPECT_NE(lab.pb3.Image(), reconstruction);
+    EXPECT_EQ(slow::differingCells(channel.spectrum(), cells), 0);
     channel.RedrawFT(0, 0);
     EXPECT_EQ(lab.pb3.Tag, "!");
-    EXPECT_NE(lab.pb3.Image(), surface);
+    EXPECT_EQ(lab.pb3.Image(), reconstruction);
 }
 
 TEST_F(Surface, OfAnEmptySpectrumLeavesThePanelAndItsTag) {
@@ -128,6 +132,28 @@ TEST_F(Surface, TheZeroFrequencyStandsAt124And154) {
     EXPECT_EQ(picture.at(124, 155), 0);
     EXPECT_EQ(picture.at(124, 27), 0xFFFFFF);
     EXPECT_EQ(picture.at(124, 26), 0);
+}
+
+TEST_F(Surface, OfTwoPointsOfARowInOneColumnTheLaterOneStays) {
+    // The zero frequency and its neighbour to the right both round to column 124.
+    const std::pair<Single, Single> pairs[] = {{255, 100}, {100, 255}};
+    for (const auto& [left, right] : pairs) {
+        slow::Spectrum cells(256, 256);
+        cells(0, 0).re = left;
+        cells(1, 0).re = right;
+        channel.SetFTArray(slow::toExchangeArray(cells));
+        channel.SetScale(0);
+        channel.setIntFac(1);
+        lab.pb3.setBackColor(kRed);
+        channel.draw3DFT();
+        // 50 pixels of the level 100, 128 of the level 255.
+        const PixelWord foot = right < left ? 0x646464 : 0xFFFFFF;
+        for (int y = 0; y < 256; ++y)
+            ASSERT_EQ(lab.pb3.Image().at(124, y), y > 154 || y < 27 ? toPixelWord(kRed)
+                                                  : y > 104         ? foot
+                                                                    : 0xFFFFFF)
+                << left << ", " << right << " at " << y;
+    }
 }
 
 TEST_F(Surface, APointOfNoHeightDrawsNothing) {
