@@ -60,22 +60,35 @@ TEST_F(HistogramBox, CountsEachPanelOnRequest) {
     }
 }
 
-TEST_F(HistogramBox, CountsMarksAndMasksAsTheyAreOnThePanel) {
-    form.mnuFT1a(12);
-    form.lab.channel1.AddMask(20, 30, 120, 90);
-    form.DrawMasks(2);
-    form.getHistogram(form.pb2);
-    expectShown(form.pb2);
-    const std::string masked = form.LHIST.Caption.get();
-    form.mnuFT2a(10);
-    ASSERT_TRUE(form.pb5.hasScreenLayer()) << "the dark surround of a low-pass";
-    form.getHistogram(form.pb5);
-    expectShown(form.pb5);
-    // Drawn on the image by hand.
-    form.pb1.Line(0, 0, 255, 255, kRed);
-    form.getHistogram(form.pb1);
-    expectShown(form.pb1);
-    EXPECT_EQ(form.histogram().grayMax, 255);
+TEST_F(HistogramBox, CountsMarksAndMasksAsTheyAreOnEveryPanel) {
+    for (const Channel which : kBoth) {
+        // Drawn on the image by hand.
+        image(which).Line(0, 0, 255, 255, kRed);
+        image(which).Box(30, 40, 90, 60, RGB(7, 0, 0), BoxStyle::Filled);
+        form.getHistogram(image(which));
+        expectShown(image(which));
+        EXPECT_EQ(form.histogram().grayMax, 255);
+
+        PictureBox& panel = spectrum(which);
+        form.getHistogram(panel);
+        const Histogram bare = form.histogram();
+        clickFilter(which, 12);
+        channel(which).AddMask(20, 30, 120, 90);
+        form.DrawMasks(-1);
+        form.getHistogram(panel);
+        expectShown(panel);
+        EXPECT_NE(form.histogram().hist, bare.hist) << "the outline of a mask";
+        clickFilter(which, 10);
+        ASSERT_TRUE(panel.hasScreenLayer()) << "the dark surround of a low-pass";
+        form.getHistogram(panel);
+        expectShown(panel);
+        EXPECT_EQ(form.histogram().hist[0], 100);
+
+        channel(which).draw3DFT();
+        reconstruction(which).Line(0, 200, 255, 200, RGB(3, 0, 0));
+        form.getHistogram(reconstruction(which));
+        expectShown(reconstruction(which));
+    }
 }
 
 TEST_F(HistogramBox, OfAUniformPanelIsOneBar) {
