@@ -151,12 +151,19 @@ TEST_F(Batch, GoesThroughItsStepsInOrder) {
     run();
     const std::string yield = "screen.pendingEvents()";
     const std::string captions = "captions Batch Processing ...|Image 1 of 1 ...|FT Surface";
+    const std::string wait = "screen.setMousePointer(11)";
+    const std::string arrow = "screen.setMousePointer(0)";
     const std::vector<std::string> expected{
         "files.list(C:\\Pictures\\, *.bmp;*.gif;*.jpg)",
+        "dialogs.messageBox(Start creating FT images for 1 files? \n\n(interrupt with ESC key), "
+        "Batch Processing, 32, YesNo)",
+        wait,
         "pictures.load(C:\\Pictures\\a.bmp)",
         yield,
         captions,
+        wait,
         "transform 1",
+        arrow,
         yield,
         captions,
         "save(2, C:\\Pictures\\a.bmp_batch1.bmp)",
@@ -166,10 +173,13 @@ TEST_F(Batch, GoesThroughItsStepsInOrder) {
         "pictures.save(772x258, C:\\Pictures\\a.bmp_batch3.bmp)",
         yield,
         captions,
+        arrow,
         "dialogs.messageBox(1 images processed., Batch Processing, 64, Ok)",
+        wait,
+        arrow,
         "file(0)"};
-    EXPECT_EQ(linesOf({"files.list", "pictures", "screen.pending", "captions", "transform", "save(",
-                       "dialogs.messageBox(1", "file("}),
+    EXPECT_EQ(linesOf({"files.list", "pictures", "screen.", "captions", "transform", "save(",
+                       "dialogs.messageBox", "file("}),
               expected);
     EXPECT_EQ(fr1.Caption.get(), "Image 1");
     EXPECT_EQ(fr2.Caption.get(), "FT 1");
@@ -178,7 +188,64 @@ TEST_F(Batch, GoesThroughItsStepsInOrder) {
     EXPECT_EQ(bench.lab.img.Width.get(), 15);
     EXPECT_EQ(bench.lab.img.Height.get(), 15);
     EXPECT_EQ(bench.lab.img.Left.get(), 0);
+    EXPECT_EQ(bench.lab.img.Top.get(), 0);
     EXPECT_TRUE(bench.lab.img.Picture().empty());
+}
+
+TEST_F(Batch, BeginsEachImageWithClearPanelsAFileAndNoMarks) {
+    for (const char* name : {"a.bmp", "b.bmp"})
+        addPicture(name, 50);
+    bench.pb3.setBackColor(kRed);
+    bench.lab.img.Move(300, 400, 495, 525);
+    std::vector<std::string> files;
+    const auto look = [&] {
+        files.push_back(bench.channel1.file);
+        EXPECT_EQ(bench.pb1.Image(), Bitmap(kInside, kInside, 0x323232));
+        EXPECT_EQ(bench.lab.pb2.Image(), Bitmap(kInside, kInside));
+        EXPECT_EQ(bench.pb3.Image(), Bitmap(kInside, kInside, toPixelWord(kRed)));
+        EXPECT_EQ(bench.channel1.nmask, 0);
+        for (const PictureBox* panel : {&bench.pb1, &bench.lab.pb2, &bench.pb3})
+            EXPECT_EQ(panel->Tag, "") << panel->Name;
+        EXPECT_TRUE(bench.channel1.bBatch);
+        // What the user does while events run is undone for the next image.
+        bench.channel1.AddMask(1, 2, 3, 4);
+    };
+    bench.channel1.AddMask(1, 2, 3, 4);
+    for (PictureBox* panel : {&bench.pb1, &bench.lab.pb2, &bench.pb3, &bench.lab.pb4})
+        panel->Tag = "!";
+    bench.desktop.screen.nextYields = {look, [] {}, [] {}, look};
+    run();
+    EXPECT_EQ(files, (std::vector<std::string>{kFolder + "a.bmp", kFolder + "b.bmp"}));
+    EXPECT_EQ(bench.lab.pb4.Tag, "!") << "channel 2 keeps its marks";
+}
+
+TEST_F(Batch, ShowsBareGroundsForTheSpectrumOfABlackImage) {
+    addPicture("a.bmp", 50);
+    addPicture("b.bmp", 0);
+    bench.lab.pb2.setBackColor(kRed);
+    bench.pb3.setBackColor(RGB(1, 2, 3));
+    run();
+    EXPECT_EQ(output("b.bmp_batch1.bmp"), Bitmap(kInside, kInside, toPixelWord(kRed)));
+    EXPECT_EQ(output("b.bmp_batch2.bmp"), Bitmap(kInside, kInside, toPixelWord(RGB(1, 2, 3))));
+    EXPECT_EQ(told(), "2 images processed.");
+}
+
+TEST_F(Batch, TellsItsCountWithEverythingPutBackButTheSurface) {
+    addPicture("a.bmp", 50);
+    bool seen = false;
+    bench.desktop.dialogs.onMessage = [&](const RecordingDialogs::Message& message) {
+        if (message.icon != MessageIcon::Information)
+            return;
+        seen = true;
+        EXPECT_EQ(fr1.Caption.get() + fr2.Caption.get() + fr3.Caption.get(), "Image 1FT 1iFT 1");
+        EXPECT_FALSE(bench.channel1.bBatch);
+        EXPECT_EQ(bench.lab.img.Width.get(), 15);
+        EXPECT_EQ(bench.pb3.Image(), output("a.bmp_batch2.bmp"));
+        EXPECT_EQ(bench.pb3.Tag, "3D");
+    };
+    run();
+    EXPECT_TRUE(seen);
+    EXPECT_EQ(bench.pb3.Tag, "!");
 }
 
 TEST_F(Batch, SavesTheInverseOfEachImage) {
@@ -305,6 +372,30 @@ TEST_F(Batch, CommandAsksForASampleOfAFolderAndAType) {
         EXPECT_EQ(File1.Path, kFolder);
         EXPECT_EQ(File1.Pattern, patterns[index]) << index;
     }
+}
+
+TEST_F(Batch, CommandLetsEventsRunBetweenItsDialogAndItsQuestion) {
+    addPicture("a.bmp", 50);
+    bench.desktop.dialogs.answerOpen(kFolder + "a.bmp");
+    bench.desktop.dialogs.messageAnswers.push_back(MessageAnswer::No);
+    bench.desktop.log.clear();
+    BatchCommand(bench.lab, host, window);
+    const auto lines = linesOf({"dialogs.", "screen.", "files.list"});
+    ASSERT_EQ(lines.size(), 4U);
+    EXPECT_TRUE(lines[0].starts_with("dialogs.showOpen(")) << lines[0];
+    EXPECT_EQ(lines[1], "screen.pendingEvents()");
+    EXPECT_TRUE(lines[2].starts_with("files.list(")) << lines[2];
+    EXPECT_TRUE(lines[3].starts_with("dialogs.messageBox(Start ")) << lines[3];
+}
+
+TEST_F(Batch, CommandEndsSilentlyWhereAnEventFails) {
+    addPicture("a.bmp", 50);
+    File1.Path = "C:\\Before\\";
+    bench.desktop.dialogs.answerOpen(kFolder + "a.bmp");
+    bench.desktop.screen.onYield = [] { throw RunTimeError(ErrorNumber::Overflow); };
+    EXPECT_EQ(errorOf([&] { BatchCommand(bench.lab, host, window); }), ErrorNumber{});
+    EXPECT_EQ(File1.Path, "C:\\Before\\");
+    EXPECT_TRUE(bench.desktop.dialogs.messages.empty());
 }
 
 TEST_F(Batch, CommandEndsSilentlyWhenCancelledOrWithoutAFolder) {
