@@ -34,6 +34,20 @@ void fitToTransform(ComplexGrid& grid) {
         grid.allocate(kTransformSide, kTransformSide);
 }
 
+/// The image is taken to be grey: of a coloured pixel only the lowest byte counts.
+GreyImage greysOf(std::span<const PixelWord> words) {
+    GreyImage image{std::vector<std::uint8_t>(kCells)};
+    std::uint8_t* const pixels = image.pixels.data();
+    Long sum = 0;
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const Long grey = words[i] & 0xFF;
+        pixels[i] = static_cast<std::uint8_t>(grey);
+        sum += grey;
+    }
+    image.sum = sum;
+    return image;
+}
+
 }  // namespace
 
 void clComplexImage::CalculateAll() {
@@ -74,7 +88,6 @@ void clComplexImage::showFilterText() {
 
 /// Reads the image panel; what it does not give stays black.
 GreyImage clComplexImage::readGreys() {
-    GreyImage image{std::vector<std::uint8_t>(kCells)};
     const std::int64_t wanted = std::int64_t{nfftTotal} * 4;
     std::span<const PixelWord> words;
     passOver([&] { words = bound(pbIMG).Image().words; });
@@ -82,13 +95,8 @@ GreyImage clComplexImage::readGreys() {
         desktop_.dialogs.messageBox("Screen must be set to 32-bit True Color!",
                                     "System Requirement", MessageIcon::Critical,
                                     MessageButtons::Ok);
-    // The image is taken to be grey: of a coloured pixel only the lowest byte counts.
     const std::int64_t given = std::min<std::int64_t>({std::ssize(words), nfftTotal, kCells});
-    for (std::size_t i = 0; i < static_cast<std::size_t>(given); ++i) {
-        image.pixels[i] = static_cast<std::uint8_t>(words[i] & 0xFF);
-        image.sum += image.pixels[i];
-    }
-    return image;
+    return greysOf(words.first(static_cast<std::size_t>(given)));
 }
 
 void clComplexImage::forwardTransform() {
