@@ -11,12 +11,12 @@ packages_for() {
     # The compiler, the toolkit, and what the window needs of the desktop: the
     # letters of Arial, Wayland's platform, the desktop's handlers of addresses.
     run) echo g++ make cmake ninja-build ccache \
-        qt6-base-dev libqt6opengl6-dev qt6-webengine-dev libgl1-mesa-dev libegl1-mesa-dev libcups2-dev \
+        qt6-base-dev libqt6opengl6-dev qt6-webengine-dev libgl1-mesa-dev libegl1-mesa-dev libxcb1-dev libcups2-dev \
         qt6-wayland fontconfig fonts-liberation xdg-utils ;;
     # The second line is for looking at a real window where there is no screen,
     # the third drives the interactive pages in a real browser.
     test) echo libgtest-dev git \
-        xvfb xauth xdotool openbox x11-utils imagemagick \
+        xvfb xauth xdotool openbox picom x11-utils imagemagick \
         chromium chromium-driver python3-selenium ;;
     bench) echo libfftw3-dev ;;
     format) echo clang-format git ;;

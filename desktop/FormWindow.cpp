@@ -6,17 +6,20 @@
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QMenuBar>
+#include <QTimer>
 #include <QWindow>
 
 #include "desktop/BrowserFace.h"
 #include "desktop/ControlFace.h"
 #include "desktop/Conversions.h"
+#include "desktop/DimWindow.h"
 #include "desktop/ExportDialog.h"
 #include "desktop/FrameWidget.h"
 #include "desktop/KeyPreview.h"
 #include "desktop/LabMenus.h"
 #include "desktop/LampWidget.h"
 #include "desktop/QtScreen.h"
+#include "desktop/TimerFace.h"
 #include "desktop/faces.h"
 
 namespace quillon {
@@ -80,32 +83,6 @@ private:
     FormWindow& window_;
 };
 
-/// A timer that ticks through the event loop while its control is enabled.
-class FormWindow::TimerFace : public ControlWatcher {
-public:
-    TimerFace(Form1& form, Timer& timer) : timer_(timer) {
-        ticker_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&ticker_, &QTimer::timeout, [&form] { form.Timer1_Timer(); });
-        timer_.watch(this);
-    }
-    TimerFace(const TimerFace&) = delete;
-    TimerFace& operator=(const TimerFace&) = delete;
-    ~TimerFace() override { timer_.watch(nullptr); }
-
-    void stale(Control& /*control*/) override {
-        ticker_.setInterval(timer_.Interval);
-        if (timer_.Enabled && !ticker_.isActive())
-            ticker_.start();
-        else if (!timer_.Enabled)
-            ticker_.stop();
-    }
-    void showNow(Control& control) override { stale(control); }
-
-private:
-    Timer& timer_;
-    QTimer ticker_;
-};
-
 FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser)
     : form_(form), screen_(screen), bar_(new QMenuBar(this)), area_(new QWidget(this)) {
     setObjectName(QStringLiteral("FormWindow"));
@@ -120,6 +97,7 @@ FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser)
 }
 
 FormWindow::~FormWindow() {
+    delete dimWindow_;
     form_.setHost(nullptr);
     screen_.setDragger({});
 }
@@ -175,7 +153,8 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
             watchers_.push_back(std::make_unique<OverlayFace>(control, parent));
             break;
         case ControlKind::Timer:
-            watchers_.push_back(std::make_unique<TimerFace>(form_, static_cast<Timer&>(control)));
+            watchers_.push_back(std::make_unique<TimerFace>(static_cast<Timer&>(control),
+                                                            [this] { form_.Timer1_Timer(); }));
             break;
         case ControlKind::Browser:
             watchers_.push_back(std::make_unique<BrowserFace>(static_cast<Browser&>(control),
@@ -213,14 +192,18 @@ void FormWindow::show() {
 
 void FormWindow::waitUntilSeen() {
     // The user sees the panels fill, and a dialog of the opening knows where the
-    // window is. Some window systems never tell, so there is a limit.
+    // window is.
     if (form_.WindowState == kWindowMinimised)
         return;
+    waitUntil([this] { return windowHandle()->isExposed(); });
+}
+
+void FormWindow::waitUntil(const std::function<bool()>& reached) {
     constexpr int kLimitMilliseconds = 500;
     const QDeadlineTimer limit(kLimitMilliseconds);
     QTimer wake;
     wake.start(10);
-    while (!windowHandle()->isExposed() && !limit.hasExpired())
+    while (!reached() && !limit.hasExpired())
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
                                         QEventLoop::WaitForMoreEvents);
 }
@@ -235,6 +218,12 @@ void FormWindow::showModal(dlgARRAY& dialog) {
 }
 
 void FormWindow::unloaded() {
+    // The dark goes with the window and is not asked: the closing refuses nothing.
+    if (dimWindow_ != nullptr) {
+        dimWindow_->hide();
+        keys_->leaveAlone(nullptr);
+        std::exchange(dimWindow_, nullptr)->deleteLater();
+    }
     hide();
     QMetaObject::invokeMethod(QCoreApplication::instance(), quitBehindDialogs,
                               Qt::QueuedConnection);

@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "desktop/BrowserPane.h"
+#include "desktop/DarkMeans.h"
 #include "ui/Form1.h"
 
 class QMenuBar;
@@ -15,6 +17,7 @@ namespace quillon {
 
 class BrowserFace;
 class ControlFace;
+class DimWindow;
 class KeyPreview;
 class LabMenus;
 class QtScreen;
@@ -31,7 +34,12 @@ public:
     void show() override;
     void popupMenu(std::string_view title) override;
     void showModal(dlgARRAY& dialog) override;
+    void prepareDark() override;
+    void showOwned(frmDIM& dim) override;
     void unloaded() override;
+
+    /// A test says how the dark is shown; otherwise the desktop decides.
+    void setDarkMeans(DarkMeans means) { chosenDarkMeans_ = means; }
 
     /// The widget of a control; nullptr for a control that cannot be seen.
     QWidget* widgetOf(const Control& control) const;
@@ -46,17 +54,22 @@ private:
     /// The client area, which stands for the window's object: what it is told to
     /// be, the window becomes.
     class Surface;
-    class TimerFace;
 
     void build(const ControlRow& row, Control& control, BrowserPaneMaker& browser);
     QWidget& parentWidgetOf(const Control& control);
     void layOut();
     void waitUntilSeen();
+    /// Lets the window system go on until the condition holds. Some never get
+    /// there, so there is a limit.
+    void waitUntil(const std::function<bool()>& reached);
     /// Brings the window to the place, size and state of its object.
     void takePlace();
     /// Tells the object what the window system has made of the window.
     void tellPlace();
     void drag(Control& control);
+    /// The dark has gone: the window is as it was before.
+    void leaveDark();
+    void leaveWholeScreen();
 
     Form1& form_;
     QtScreen& screen_;
@@ -70,6 +83,13 @@ private:
     /// What the window system was asked for last, in pixels, frame included.
     QRect asked_;
     bool frameKnown_ = false;
+
+    std::optional<DarkMeans> chosenDarkMeans_;
+    /// How the light went off last.
+    DarkMeans darkMeans_ = DarkMeans::PaintedChild;
+    /// The dark while it is there; a child of this window in the toolkit's sense.
+    DimWindow* dimWindow_ = nullptr;
+    Qt::WindowStates stateBeforeDark_;
 };
 
 }  // namespace quillon

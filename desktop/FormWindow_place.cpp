@@ -2,6 +2,7 @@
 #include <QResizeEvent>
 
 #include "desktop/Conversions.h"
+#include "desktop/DimWindow.h"
 #include "desktop/FormWindow.h"
 
 // Where the window is and how large. Its object counts the frame in, as the
@@ -54,6 +55,11 @@ void FormWindow::resizeEvent(QResizeEvent* /*event*/) {
     layOut();
     if (isVisible())
         tellPlace();
+    if (dimWindow_ != nullptr)
+        dimWindow_->coverOwner();
+    else if (!isFullScreen())
+        // Out of the dark the window has its own size again, and is shown.
+        setUpdatesEnabled(true);
 }
 
 void FormWindow::moveEvent(QMoveEvent* /*event*/) {
@@ -62,7 +68,8 @@ void FormWindow::moveEvent(QMoveEvent* /*event*/) {
 }
 
 void FormWindow::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::WindowStateChange) {
+    // The whole screen is the window's only in the dark, and none of its own states.
+    if (event->type() == QEvent::WindowStateChange && !isFullScreen()) {
         if (isMinimized())
             form_.WindowState = kWindowMinimised;
         else if (isMaximized())

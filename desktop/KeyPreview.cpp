@@ -17,6 +17,8 @@ bool KeyPreview::takes(const QObject* watched) const {
     const auto* widget = qobject_cast<const QWidget*>(watched);
     if (widget == nullptr || widget->window() != &window_)
         return false;
+    if (part_ != nullptr && (widget == part_ || part_->isAncestorOf(widget)))
+        return false;
     // What the control with the keyboard leaves over comes up to the window once
     // more; it has been seen already.
     const QWidget* focus = window_.focusWidget();

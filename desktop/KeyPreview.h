@@ -16,6 +16,9 @@ class KeyPreview : public QObject {
 public:
     KeyPreview(Form1& form, QWidget& window);
 
+    /// A part of the window that has its keys to itself; nullptr for none.
+    void leaveAlone(const QWidget* part) { part_ = part; }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -26,6 +29,7 @@ private:
 
     Form1& form_;
     QWidget& window_;
+    const QWidget* part_ = nullptr;
     std::set<Integer> held_;
 };
 

@@ -18,22 +18,13 @@
 #include "ui/Controls.h"
 #include "ui/MenuTable.h"
 #include "ui/dlgARRAY.h"
+#include "ui/frmDIM.h"
+#include "ui/platform_numbers.h"
 
 namespace quillon {
 
-// Mouse buttons and the state of the modifier keys, by the platform's numbers.
-// Tests are by equality: Shift and Ctrl together are neither.
-inline constexpr Integer kLeftButton = 1;
-inline constexpr Integer kRightButton = 2;
-inline constexpr Integer kMiddleButton = 4;
-inline constexpr Integer kShiftKey = 1;
-inline constexpr Integer kCtrlKey = 2;
-inline constexpr Integer kAltKey = 4;
-
-// States of the window.
-inline constexpr Integer kWindowNormal = 0;
-inline constexpr Integer kWindowMinimised = 1;
-inline constexpr Integer kWindowMaximised = 2;
+/// The one scheme (GUI Colors) whose frames have no border.
+inline constexpr Integer kDarkGreyScheme = 4;
 
 /// What the window's object asks of the window that shows it.
 class FormHost {
@@ -47,6 +38,13 @@ public:
     /// Shows the export dialog over the window and waits until it is hidden or
     /// its close box is pressed.
     virtual void showModal(dlgARRAY& dialog) = 0;
+    /// The light is about to go off. Where no window can lay itself over the
+    /// others with a hole in it, this one fills the screen first, so that the
+    /// dark painted over it leaves nothing bright.
+    virtual void prepareDark() = 0;
+    /// Shows the dark above this window and gives it the keyboard, without
+    /// waiting; loads it where it isn't loaded yet.
+    virtual void showOwned(frmDIM& dim) = 0;
     /// The window goes and the process ends when the running handler returns.
     virtual void unloaded() = 0;
 };
@@ -56,7 +54,7 @@ public:
 /// drives it as the window does.
 ///
 /// Bodies lie by subject in ui/Form1_*.cpp.
-class Form1 : public Control, public MaskPainter, public ScriptHost {
+class Form1 : public Control, public MaskPainter, public ScriptHost, public DimmedForm {
 public:
     Form1(Desktop& desktop, const Folders& folders);
     ~Form1() override;
@@ -141,6 +139,15 @@ public:
                                   host_->showModal(dialog);
                           }};
 
+    // --- The light (Form1_light.cpp)
+    /// What stays bright while the light is off; LightOff writes it.
+    HoleRect holeRect;
+    frmDIM dim{holeRect, *this};
+    void LightOn() override;
+    /// Shows the scripts (0), options (1) or help menu (2) at the pointer, without
+    /// the entries that make no sense in the dark; no menu for any other i.
+    void ShowRemotePopup(Integer i) override;
+
     // --- Session (Form1_session.cpp, Form1_settings.cpp)
     /// The opening, in its fixed order, up to the first-use message.
     void Form_Load();
@@ -199,8 +206,8 @@ public:
     void KeyDown(Integer KeyCode, Integer Shift);
     void KeyUp(Integer KeyCode, Integer Shift);
     void KeyPress(Integer KeyAscii);
-    void remoteKeyPress(Integer& KeyAscii) { KeyPress(KeyAscii); }
-    void remoteKeyUp(Integer& KeyCode, Integer& Shift) { KeyUp(KeyCode, Shift); }
+    void remoteKeyPress(Integer& KeyAscii) override { KeyPress(KeyAscii); }
+    void remoteKeyUp(Integer& KeyCode, Integer& Shift) override { KeyUp(KeyCode, Shift); }
     /// Files dropped on an image panel.
     void OLEDragDrop(Control& where, const std::vector<std::string>& files);
 
@@ -321,7 +328,17 @@ private:
     void DrawHistogram();
     void histogramMouseMove(Single X, Single Y);
     void tabClick(Integer Index) override;
+    /// Makes the room dark around the panels or, in the Tutorial view, around the page.
     void LightOff();
+    void darken();
+    /// Where the hole reckons the client area to begin, in twips on the screen.
+    struct ClientCorner {
+        Single left;
+        Single top;
+    };
+    ClientCorner clientCorner() const;
+    HoleRect holeAroundPanels() const;
+    HoleRect holeAroundTutorial() const;
     void CopyData(Channel which);
     void ShowProfile(Integer panel, Single x, Single y);
 

@@ -17,7 +17,6 @@ constexpr ColorValue kDimmedForeground = RGB(93, 93, 93);
 constexpr ColorValue kSteelBlue = RGB(48, 108, 160);
 
 constexpr Integer kSchemeCount = 5;
-constexpr Integer kDarkGrey = 4;
 
 /// Ground, strong colour, spare, dimmed ground, dimmed foreground.
 Scheme schemeColors(Integer index, Screen& screen) {
@@ -59,7 +58,7 @@ void Form1::itmOpt0(Integer Index) {
     const Scheme colors = schemeColors(Index, desktop.screen);
     ApplyGuiColors(colors[0], colors[1], colors[2], colors[3], colors[4]);
     for (Integer panel = 1; panel <= 6; ++panel)
-        frame(panel).BorderStyle = static_cast<Integer>(Index == kDarkGrey ? 0 : 1);
+        frame(panel).BorderStyle = static_cast<Integer>(Index == kDarkGreyScheme ? 0 : 1);
     SaveRegistryString(desktop.store, kSettingsKey, kColorsSetting, plainText(Index));
 }
 

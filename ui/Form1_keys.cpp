@@ -6,18 +6,11 @@ namespace quillon {
 
 namespace {
 
-constexpr Integer kKeyAlt = 18;
 constexpr Integer kKeyEscape = 27;
 constexpr Integer kKeyLeft = 37;
 constexpr Integer kKeyUp = 38;
 constexpr Integer kKeyRight = 39;
 constexpr Integer kKeyDown = 40;
-
-constexpr Integer kAsciiEnter = 13;
-constexpr Integer kAsciiSpace = 32;
-constexpr Integer kAsciiUpperL = 76;
-constexpr Integer kAsciiLowerL = 108;
-constexpr Integer kAsciiLowerR = 114;
 
 constexpr Integer kRecalculateAll = 3;
 

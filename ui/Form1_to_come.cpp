@@ -26,8 +26,4 @@ void Form1::itm10a(Integer /*Index*/) {
     sayNotThere(*this, "Links");
 }
 
-void Form1::LightOff() {
-    sayNotThere(*this, "Light Off");
-}
-
 }  // namespace quillon

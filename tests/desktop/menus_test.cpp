@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMenuBar>
 #include <QTest>
+#include <QTimer>
 
 #include "desktop/Conversions.h"
 #include "tests/desktop/OpenedWindow.h"

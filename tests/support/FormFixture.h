@@ -15,10 +15,48 @@
 
 namespace quillon {
 
+/// The window that shows the dark: a screen of 1920 by 1080 pixels. Its calls
+/// stand in the desktop's log as "dim.setLayeredBit()", "dim.setLayeredAlpha(20)",
+/// "dim.maximise()", "dim.setWindowRegion()" and "dim.unloaded()".
+class RecordingDimHost : public DimHost {
+public:
+    explicit RecordingDimHost(CallLog& log) : log_(log) {}
+
+    /// Who is told of the size.
+    frmDIM* shown = nullptr;
+    /// Every opacity that was asked for, in order.
+    std::vector<Integer> alphas;
+    PixelRect whole;
+    PixelRect hole;
+
+    void setLayeredBit() override { log_.add("dim.setLayeredBit()"); }
+    void setLayeredAlpha(Integer alpha) override {
+        log_.add("dim.setLayeredAlpha(" + std::to_string(alpha) + ")");
+        alphas.push_back(alpha);
+    }
+    void maximise() override {
+        log_.add("dim.maximise()");
+        if (shown != nullptr)
+            shown->resized(1920 * 15, 1080 * 15);
+    }
+    void setWindowRegion(const PixelRect& newWhole, const PixelRect& newHole) override {
+        log_.add("dim.setWindowRegion()");
+        whole = newWhole;
+        hole = newHole;
+    }
+    void unloaded() override { log_.add("dim.unloaded()"); }
+
+private:
+    CallLog& log_;
+};
+
 /// The window that shows the form, as far as the form knows of it. Its calls
 /// stand in the desktop's log as "host.show()", "host.popupMenu(mnuImg1)",
-/// "host.showModal(dlgARRAY)" and "host.unloaded()".
+/// "host.showModal(dlgARRAY)", "host.prepareDark()", "host.showOwned(frmDIM)" and
+/// "host.unloaded()".
 class RecordingHost : public FormHost {
+    CallLog& log_;
+
 public:
     explicit RecordingHost(CallLog& log) : log_(log) {}
 
@@ -32,6 +70,10 @@ public:
     /// What the user does while the export dialog is open. Without it the dialog
     /// is closed by its close box.
     std::function<void(dlgARRAY&)> onShowModal;
+    /// What the window does when the light is about to go off.
+    std::function<void()> onPrepareDark;
+    /// Where the dark is shown.
+    RecordingDimHost dimHost{log_};
 
     void show() override {
         log_.add("host.show()");
@@ -50,13 +92,20 @@ public:
         if (onShowModal)
             onShowModal(dialog);
     }
+    void prepareDark() override {
+        log_.add("host.prepareDark()");
+        if (onPrepareDark)
+            onPrepareDark();
+    }
+    void showOwned(frmDIM& dim) override {
+        log_.add("host.showOwned(" + dim.Name + ")");
+        dimHost.shown = &dim;
+        dim.load(dimHost);
+    }
     void unloaded() override {
         log_.add("host.unloaded()");
         ++unloads;
     }
-
-private:
-    CallLog& log_;
 };
 
 /// Two small lessons of 256 by 256: a bright disc on a dark slope, and a grid of

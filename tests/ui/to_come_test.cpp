@@ -27,20 +27,5 @@ TEST_F(CommandFixture, ACommandWhoseSubjectHasNotArrivedSaysSo) {
     }
 }
 
-TEST_F(CommandFixture, TheLKeyTurnsTheLightOffOnlyOutsideTheTutorial) {
-    for (const Integer key : {Integer{'l'}, Integer{'L'}}) {
-        for (const Integer view : {Integer{0}, Integer{1}}) {
-            form.ShowStatus(2, "");
-            form.lab.viewTab = view;
-            form.KeyPress(key);
-            EXPECT_EQ(status(2), "Light Off is not there yet") << view;
-        }
-        form.ShowStatus(2, "");
-        form.lab.viewTab = 2;
-        form.KeyPress(key);
-        EXPECT_EQ(status(2), "") << "in the tutorial it is a letter";
-    }
-}
-
 }  // namespace
 }  // namespace quillon
