@@ -173,6 +173,12 @@ public:
                        const std::string& value) = 0;
 };
 
+/// How much care a write takes. Careful: it comes back only when the file would
+/// outlive a failure of the power, and a file of the same name in other letters is
+/// the one that is replaced. Quick: it does neither, because a disk takes its time
+/// and a folder may hold thousands of names; for files that can be made again.
+enum class WriteManner { Careful, Quick };
+
 /// Files and folders. Names are found without regard to case where the exact
 /// name does not exist.
 class Files {
@@ -194,8 +200,10 @@ public:
     virtual std::string read(const std::string& path) = 0;
     /// Writes a file whole or not at all; a new file is readable by the user's group as usual.
     virtual void write(const std::string& path, std::string_view bytes) = 0;
-    /// Writes a file that nobody but the user may read, refusing to follow a
-    /// link that somebody else has planted there.
+    /// How write() goes about it from now on; at the start it is careful.
+    virtual void setWriteManner(WriteManner manner) = 0;
+    /// Writes a file for a short while that nobody but the user may read, refusing
+    /// to follow a link that somebody else has planted there. It waits for no disk.
     virtual void writePrivately(const std::string& path, std::string_view bytes) = 0;
 };
 

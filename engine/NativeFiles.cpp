@@ -232,7 +232,8 @@ std::string NativeFiles::read(const std::string& path) {
 }
 
 void NativeFiles::write(const std::string& path, std::string_view bytes) {
-    const std::string native = linkTarget(foundPath(path));
+    const std::string native =
+        linkTarget(manner_ == WriteManner::Quick ? pathInFoundFolder(path) : foundPath(path));
     if (native.empty())
         throw RunTimeError(ErrorNumber::PathFileAccessError);
     const std::optional<Status> before = statusOf(native);
@@ -244,7 +245,7 @@ void NativeFiles::write(const std::string& path, std::string_view bytes) {
     pending.write(bytes);
     if (before.has_value())
         pending.setRights(before->st_mode, before->st_gid);
-    pending.putInPlace();
+    pending.putInPlace(manner_);
 }
 
 void NativeFiles::writePrivately(const std::string& path, std::string_view bytes) {
@@ -257,7 +258,7 @@ void NativeFiles::writePrivately(const std::string& path, std::string_view bytes
     constexpr mode_t kOwnerOnly = 0600;
     PendingFile pending(native, kOwnerOnly);
     pending.write(bytes);
-    pending.putInPlace();
+    pending.putInPlace(WriteManner::Quick);
 }
 
 }  // namespace quillon

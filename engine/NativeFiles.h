@@ -31,8 +31,12 @@ public:
     /// An existing file keeps its rights, a link still leads to the file that is
     /// written. A file that nobody may write is not replaced.
     void write(const std::string& path, std::string_view bytes) override;
+    void setWriteManner(WriteManner manner) override { manner_ = manner; }
     /// Throws PathFileAccessError where a link stands at the path.
     void writePrivately(const std::string& path, std::string_view bytes) override;
+
+private:
+    WriteManner manner_ = WriteManner::Careful;
 };
 
 }  // namespace quillon

@@ -1,11 +1,11 @@
 #include "engine/NativePaths.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <filesystem>
+#include <memory>
 #include <optional>
-#include <system_error>
 
 #include "engine/RunTimeError.h"
 
@@ -19,16 +19,32 @@ bool entryExists(const std::string& native) {
     return ::lstat(native.c_str(), &status) == 0;
 }
 
-/// The first entry, in byte order, whose name differs in case alone.
-std::optional<std::string> similarEntry(const std::string& folder, const std::string& name) {
-    const std::string wanted = withoutCase(name);
+char withoutCase(char letter) noexcept {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool equalButForCase(std::string_view a, std::string_view b) noexcept {
+    return std::ranges::equal(
+        a, b, {}, [](char letter) { return withoutCase(letter); },
+        [](char letter) { return withoutCase(letter); });
+}
+
+struct FolderCloser {
+    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
+};
+
+/// The first entry, in byte order, whose name differs in case alone. Every new
+/// file of a folder is looked for so, and a folder may hold thousands.
+std::optional<std::string> similarEntry(const std::string& folder, std::string_view name) {
     std::optional<std::string> first;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(folder.empty() ? "." : folder, error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        std::string found = entry->path().filename().native();
-        if (withoutCase(found) == wanted && (!first.has_value() || found < *first))
-            first = std::move(found);
+    const std::unique_ptr<DIR, FolderCloser> entries(
+        ::opendir(folder.empty() ? "." : folder.c_str()));
+    if (!entries)
+        return first;
+    while (const dirent* entry = ::readdir(entries.get())) {
+        const std::string_view found = entry->d_name;
+        if (equalButForCase(found, name) && (!first.has_value() || found < *first))
+            first.emplace(found);
     }
     return first;
 }
@@ -80,10 +96,8 @@ std::string nativeFolder(const std::string& native) {
 
 std::string withoutCase(std::string_view name) {
     std::string lowered(name);
-    for (char& letter : lowered) {
-        if (letter >= 'A' && letter <= 'Z')
-            letter = static_cast<char>(letter - 'A' + 'a');
-    }
+    for (char& letter : lowered)
+        letter = withoutCase(letter);
     return lowered;
 }
 

@@ -77,8 +77,9 @@ void PendingFile::setRights(mode_t mode, gid_t group) {
         throw systemError(errno, target_);
 }
 
-void PendingFile::putInPlace() {
-    if (::fsync(descriptor_) != 0 && errno != EINVAL && errno != EROFS)
+void PendingFile::putInPlace(WriteManner manner) {
+    const bool waits = manner == WriteManner::Careful;
+    if (waits && ::fsync(descriptor_) != 0 && errno != EINVAL && errno != EROFS)
         throw systemError(errno, target_);
     const int descriptor = std::exchange(descriptor_, -1);
     if (::close(descriptor) != 0 && errno != EINTR)
@@ -86,7 +87,8 @@ void PendingFile::putInPlace() {
     if (::rename(path_.c_str(), target_.c_str()) != 0)
         throw systemError(errno, target_);
     path_.clear();
-    settleFolder(nativeFolder(target_));
+    if (waits)
+        settleFolder(nativeFolder(target_));
 }
 
 }  // namespace quillon

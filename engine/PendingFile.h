@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "engine/Desktop.h"
+
 namespace quillon {
 
 /// A file under way: it is written beside its place under a name of its own and
@@ -24,8 +26,8 @@ public:
     /// Takes over rights and, where the system allows it, the group of the file
     /// that is to be replaced.
     void setRights(mode_t mode, gid_t group);
-    /// Puts the file in place, with its bytes on the disk.
-    void putInPlace();
+    /// Puts the file in place; Careful, with its bytes and its name on the disk.
+    void putInPlace(WriteManner manner);
 
 private:
     std::string target_;

@@ -132,6 +132,7 @@ public:
         return bytes;
     }
     void write(const std::string& /*path*/, std::string_view /*bytes*/) override {}
+    void setWriteManner(WriteManner /*wait*/) override {}
     void writePrivately(const std::string& /*path*/, std::string_view /*bytes*/) override {}
 };
 

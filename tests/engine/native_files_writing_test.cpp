@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -12,6 +13,15 @@
 #include "tests/support/SmallDisk.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/error_of.h"
+
+// Stands before the system's own: it counts, then does the same.
+namespace {
+int diskWaits = 0;
+}
+extern "C" int fsync(int descriptor) {
+    ++diskWaits;
+    return static_cast<int>(::syscall(SYS_fsync, descriptor));
+}
 
 namespace quillon {
 namespace {
@@ -168,6 +178,37 @@ TEST_F(NativeFilesWriting, ADiskThatRunsFullLeavesTheOldFileWholeAndNothingElse)
     }
     EXPECT_EQ(folder.read("old"), "the old bytes");
     EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(NativeFilesWriting, AQuickWriteWaitsForNoDisk) {
+    diskWaits = 0;
+    files.write(lab("file"), "first");
+    EXPECT_EQ(diskWaits, 2) << "for the bytes, and for the name in its folder";
+    files.setWriteManner(WriteManner::Quick);
+    files.write(lab("file"), "second");
+    EXPECT_EQ(diskWaits, 2);
+    EXPECT_EQ(files.read(lab("file")), "second");
+    files.setWriteManner(WriteManner::Careful);
+    files.write(lab("file"), "third");
+    EXPECT_EQ(diskWaits, 4);
+}
+
+TEST_F(NativeFilesWriting, AQuickWriteTakesTheNameAsWrittenInTheFolderThatIsFound) {
+    files.createFolder(lab("Folder"));
+    files.write(lab("Folder\\name"), "old");
+    files.setWriteManner(WriteManner::Quick);
+    files.write(lab("FOLDER\\NAME"), "new");
+    EXPECT_EQ(files.read(lab("Folder\\name")), "old");
+    EXPECT_EQ(files.read(lab("Folder\\NAME")), "new");
+    files.write(lab("Folder\\name"), "newer");
+    EXPECT_EQ(files.read(lab("Folder\\name")), "newer");
+}
+
+TEST_F(NativeFilesWriting, APrivateFileIsThereForAMomentAndWaitsForNoDisk) {
+    diskWaits = 0;
+    files.writePrivately(lab("file"), "bytes");
+    EXPECT_EQ(diskWaits, 0);
+    EXPECT_EQ(files.read(lab("file")), "bytes");
 }
 
 TEST_F(NativeFilesWriting, APrivateFileIsForTheUserAlone) {

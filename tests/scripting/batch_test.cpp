@@ -259,6 +259,19 @@ TEST_F(Batch, SavesTheInverseOfEachImage) {
     EXPECT_EQ(std::ranges::count(bench.desktop.screen.pointers, Integer{11}), 1 + 3 + 1);
 }
 
+TEST_F(Batch, WritesItsPicturesQuicklyAndEveryOtherFileCarefully) {
+    addPicture("a.bmp", 50);
+    bench.desktop.screen.onYield = [&] {
+        EXPECT_EQ(files.writeManner, WriteManner::Careful) << "the user may save something now";
+    };
+    run();
+    EXPECT_EQ(pictures.manners, std::vector(3, WriteManner::Quick));
+    EXPECT_EQ(files.writeManner, WriteManner::Careful);
+    files.makeFolderReadOnly(kFolder);
+    run();
+    EXPECT_EQ(files.writeManner, WriteManner::Careful) << "also where the files cannot be written";
+}
+
 TEST_F(Batch, DropsTheMasksButKeepsTheFilterFields) {
     addPicture("a.bmp", 50);
     bench.channel1.SetFilterFT(4);

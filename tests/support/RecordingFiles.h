@@ -43,6 +43,8 @@ public:
     void makeFolderReadOnly(const std::string& path);
     /// Nothing more can be written: DiskFull.
     bool diskFull = false;
+    /// How the next write goes about it.
+    WriteManner writeManner = WriteManner::Careful;
     /// Files that cannot be read: PathFileAccessError.
     std::set<std::string> unreadable;
 
@@ -58,6 +60,7 @@ public:
     void remove(const std::string& path) override;
     std::string read(const std::string& path) override;
     void write(const std::string& path, std::string_view bytes) override;
+    void setWriteManner(WriteManner manner) override { writeManner = manner; }
     void writePrivately(const std::string& path, std::string_view bytes) override;
 
 private:

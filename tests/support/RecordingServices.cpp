@@ -127,6 +127,7 @@ void RecordingPictures::save(const Bitmap& picture, const std::string& path) {
     files_.checkWritable(path);
     add(path, picture);
     saved.emplace_back(path, picture);
+    manners.push_back(files_.writeManner);
 }
 
 void RecordingClipboard::clear() {

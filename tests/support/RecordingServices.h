@@ -88,6 +88,8 @@ public:
 
     /// What was saved, in order, with the path as given.
     std::vector<std::pair<std::string, Bitmap>> saved;
+    /// How each of them was written.
+    std::vector<WriteManner> manners;
     /// Paths, as given, that save() refuses with PathFileAccessError.
     std::set<std::string> failingSaves;
 
