@@ -2,9 +2,9 @@
 
 #include <QBuffer>
 #include <QImageReader>
-#include <QImageWriter>
 
 #include "desktop/Conversions.h"
+#include "desktop/bitmap_file.h"
 #include "desktop/whole_picture.h"
 #include "engine/RunTimeError.h"
 
@@ -60,15 +60,8 @@ Bitmap QtPictures::load(const std::string& path) {
 void QtPictures::save(const Bitmap& picture, const std::string& path) {
     if (picture.empty())
         throw RunTimeError(ErrorNumber::InvalidPicture);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    // The writer gives words without transparency 24 bits a pixel.
-    QImageWriter writer(&buffer, "bmp");
-    if (!writer.write(wrapped(picture)))
-        throw RunTimeError(ErrorNumber::PathFileAccessError);
-    const QByteArray& content = buffer.data();
     try {
-        files_.write(path, {content.constData(), static_cast<std::size_t>(content.size())});
+        files_.write(path, bitmapFile(picture));
     } catch (const RunTimeError&) {
         throw RunTimeError(ErrorNumber::PathFileAccessError);
     }

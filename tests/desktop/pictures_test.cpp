@@ -256,6 +256,23 @@ TEST_F(PictureFiles, SavedPicturesHave24BitsAPixelAndComeBackAsTheyWere) {
     EXPECT_EQ(static_cast<int>(bytes[28]), 24);
     EXPECT_EQ(bytes.size(), 54U + 24U * 5U);
     EXPECT_EQ(pictures.load("C:\\out.bmp"), source);
+    EXPECT_EQ(toBitmap(QImage::fromData(QByteArray::fromStdString(bytes))), source)
+        << "the toolkit reads it too";
+}
+
+TEST_F(PictureFiles, ASavedPictureIsByteForByteThatOfTheToolkit) {
+    for (const auto& [width, height] : {std::pair(1, 1), {2, 3}, {3, 2}, {4, 1}, {257, 3}}) {
+        const Bitmap source = noise(width, height, 20240106);
+        pictures.save(source, "C:\\out.bmp");
+        QImage image = wrapped(source);
+        image.setDotsPerMeterX(3780);
+        image.setDotsPerMeterY(3780);
+        QBuffer expected;
+        expected.open(QIODevice::WriteOnly);
+        ASSERT_TRUE(image.save(&expected, "bmp"));
+        EXPECT_EQ(recording.files.bytesOf("C:\\out.bmp"), expected.data().toStdString())
+            << width << " by " << height;
+    }
 }
 
 TEST_F(PictureFiles, AFolderThatCannotBeWrittenIsError75AndLeavesTheOldFile) {
