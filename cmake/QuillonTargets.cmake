@@ -16,7 +16,9 @@ target_include_directories(quillon_options INTERFACE
 # of all sources in the given folders of the project (by default the current
 # one) and their sub-folders. Kernels named for an instruction set are compiled
 # for it, and only they are; they are vectors already, which a vectoriser can only
-# shuffle.
+# shuffle. Kernels named rows are plain loops that it shall make vectors of. Of the
+# two settings that let it neither changes a bit: they say that errors are looked
+# for in the results.
 function(quillon_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FOLDERS;LINK")
   if(NOT arg_FOLDERS)
@@ -37,12 +39,19 @@ function(quillon_library name)
   add_library(${name} STATIC ${sources})
   target_link_libraries(${name} PUBLIC quillon_options ${arg_LINK})
   foreach(source IN LISTS sources)
+    set(options)
     if(source MATCHES "_avx512\\.cpp$")
-      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS
-        "-mavx512f;-mavx512vl;-mavx512dq;-mavx512bw;-mavx2;-mfma;-fno-tree-vectorize")
+      list(APPEND options -mavx512f -mavx512vl -mavx512dq -mavx512bw -mavx2 -mfma)
     elseif(source MATCHES "_avx2\\.cpp$")
-      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS
-        "-mavx2;-mfma;-fno-tree-vectorize")
+      list(APPEND options -mavx2 -mfma)
+    endif()
+    if(source MATCHES "_rows_[a-z0-9]+\\.cpp$")
+      list(APPEND options -O3 -fno-math-errno -fno-trapping-math)
+    elseif(options)
+      list(APPEND options -fno-tree-vectorize)
+    endif()
+    if(options)
+      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS "${options}")
     endif()
   endforeach()
 endfunction()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 
 #include "engine/Numbers.h"
@@ -58,14 +59,22 @@ public:
         stride_ = (columns_ + kLine - 1) / kLine * kLine;
         re_.assign(stride_ * rows_, 0.0F);
         im_.assign(stride_ * rows_, 0.0F);
+        touch();
     }
+
+    /// Another number whenever a cell may have been written. Two grids of the same
+    /// number hold the same cells.
+    std::uint64_t revision() const noexcept { return revision_; }
 
     bool allocated() const noexcept { return !re_.empty(); }
     Long xBound() const noexcept { return static_cast<Long>(columns_) - 1; }
     Long yBound() const noexcept { return static_cast<Long>(rows_) - 1; }
 
     /// The cell at (x, y); the caller has made sure that it exists.
-    ComplexCellReference operator()(Long x, Long y) noexcept { return {re_, im_, index(x, y)}; }
+    ComplexCellReference operator()(Long x, Long y) noexcept {
+        touch();
+        return {re_, im_, index(x, y)};
+    }
     ComplexCell operator()(Long x, Long y) const noexcept {
         const std::size_t place = index(x, y);
         return {re_[place], im_[place]};
@@ -89,14 +98,24 @@ public:
         return {im_.data() + index(0, y), columns_};
     }
 
-    /// The planes for the kernels: cell (x, y) stands at y * stride() + x.
-    Single* realPlane() noexcept { return re_.data(); }
-    Single* imaginaryPlane() noexcept { return im_.data(); }
+    /// The planes for the kernels: cell (x, y) stands at y * stride() + x. A plane
+    /// that is to be written is fetched anew each time, so that its grid knows.
+    Single* realPlane() noexcept {
+        touch();
+        return re_.data();
+    }
+    Single* imaginaryPlane() noexcept {
+        touch();
+        return im_.data();
+    }
     const Single* realPlane() const noexcept { return re_.data(); }
     const Single* imaginaryPlane() const noexcept { return im_.data(); }
     std::ptrdiff_t stride() const noexcept { return static_cast<std::ptrdiff_t>(stride_); }
 
 private:
+    void touch() noexcept { revision_ = ++lastRevision_; }
+
+    static inline std::uint64_t lastRevision_ = 0;
     static constexpr std::size_t kLine = kernels::kCacheLine / sizeof(Single);
 
     void check(Long x, Long y) const {
@@ -107,6 +126,7 @@ private:
         return static_cast<std::size_t>(y) * stride_ + static_cast<std::size_t>(x);
     }
 
+    std::uint64_t revision_ = 0;
     std::size_t columns_ = 0;
     std::size_t rows_ = 0;
     std::size_t stride_ = 0;

@@ -17,6 +17,7 @@
 #include "engine/Rnd.h"
 #include "engine/RunTimeError.h"
 #include "engine/SpectrumIndex.h"
+#include "engine/spectrum_passes.h"
 #include "engine/transform256.h"
 
 namespace quillon {
@@ -50,15 +51,8 @@ struct GreyImage {
     Long sum = 0;
 };
 
-/// The smallest and the largest real part of a reconstruction, 0 included.
-struct RealRange {
-    Single rmin = 0;
-    Single rmax = 0;
-};
-
 struct ExportOptions;
 class ExportPrompt;
-struct SpectrumLook;
 
 /// One channel: pixels to spectrum to reconstruction, with its views, filters
 /// and colour tables.
@@ -304,6 +298,7 @@ private:
     std::array<Long, 511> lutIm{};
     std::array<Long, 256> lutActive{};
     std::string intFacText;
+    SpectrumPasses spectrumPasses;
 };
 
 /// The phase of a value in degrees, 0 to 360.

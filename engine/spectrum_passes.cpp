@@ -1,10 +1,13 @@
 #include "engine/spectrum_passes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "engine/RunTimeError.h"
+#include "engine/clComplexImage.h"
 #include "engine/kernels/greys.h"
+#include "engine/kernels/spectrum_rows.h"
 #include "engine/mFFTUTIL.h"
 #include "engine/mHSBRGB.h"
 
@@ -18,56 +21,29 @@ constexpr Double kDegreesPerHue = 1.506;
 constexpr Integer kFullSaturation = 239;
 constexpr std::size_t kHues = 240;
 
-/// Rounds half to even a value below 2^22 in size: the shift leaves no room for
-/// a fraction.
-Long nearest(Single value) noexcept {
-    constexpr Single kShift = 12582912.0F;
-    return static_cast<Long>((value + kShift) - kShift);
-}
-
 std::size_t area(Long w, Long h) {
     return static_cast<std::size_t>(w) * static_cast<std::size_t>(h);
 }
 
-Single magnitude(const ComplexCell& cell) noexcept {
-    const auto re = static_cast<Double>(cell.re);
-    const auto im = static_cast<Double>(cell.im);
-    return static_cast<Single>(std::sqrt(re * re + im * im));
-}
-
-Single phase(const ComplexCell& cell) {
-    return PhaseDeg(cell.re, cell.im);
-}
-
-template <class ValueOf>
-std::vector<Single> plane(const ComplexGrid& cells, Long w, Long h, ValueOf valueOf) {
-    std::vector<Single> values(area(w, h));
-    auto value = values.begin();
-    for (Long j = 0; j < h; ++j)
-        for (Long i = 0; i < w; ++i)
-            *value++ = valueOf(cells(i, j));
-    return values;
-}
-
-/// The words of the view of magnitudes and phases, by hue 0 to 239 and level.
-/// They depend on nothing else, so they are made once.
-const std::vector<PixelWord>& wordsByHueAndLevel() {
+/// The words of the view of magnitudes and phases, by level and hue 0 to 239. They
+/// depend on nothing else, so they are made once.
+const std::vector<PixelWord>& wordsByLevelAndHue() {
     static const std::vector<PixelWord> table = [] {
         std::vector<PixelWord> words;
-        words.reserve(kHues * 256);
-        for (Integer hue = 0; hue < static_cast<Integer>(kHues); ++hue)
-            for (Integer g = 0; g < 256; ++g) {
-                const Single brightness = static_cast<Single>(g) / 255.0F * 239.0F;
+        words.reserve(256 * kHues);
+        for (Integer g = 0; g < 256; ++g) {
+            const Single brightness = static_cast<Single>(g) / 255.0F * 239.0F;
+            for (Integer hue = 0; hue < static_cast<Integer>(kHues); ++hue)
                 words.push_back(HSBtoRGB(hue, kFullSaturation, toInteger(brightness), 1));
-            }
+        }
         return words;
     }();
     return table;
 }
 
-std::size_t hueOf(Single degrees) noexcept {
+std::uint8_t hueOf(Single degrees) noexcept {
     constexpr Double kShift = 6755399441055744.0;
-    return static_cast<std::size_t>((degrees / kDegreesPerHue + kShift) - kShift);
+    return static_cast<std::uint8_t>((degrees / kDegreesPerHue + kShift) - kShift);
 }
 
 }  // namespace
@@ -77,151 +53,186 @@ Single PhaseDeg(Single re, Single im) {
     return static_cast<Single>(Atan2Rad(im, re) / kDegree);
 }
 
-SpectrumPasses::SpectrumPasses(const ComplexGrid& cells, Long w, Long h, const SpectrumLook& look)
-    : cells_(cells),
-      w_(w),
-      h_(h),
-      look_(look),
-      columns_(centredPositions(w)),
-      rows_(centredPositions(h)) {
-    requireCells(cells, w, h);
+std::vector<SpectrumPasses::Run> SpectrumPasses::runsOf(const std::vector<Integer>& positions) {
+    std::vector<Run> runs;
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        const auto panel = static_cast<std::size_t>(positions[i]);
+        if (!runs.empty() && runs.back().panel + runs.back().length == panel)
+            ++runs.back().length;
+        else
+            runs.push_back({i, panel, 1});
+    }
+    return runs;
 }
 
-Single SpectrumPasses::measure() {
-    switch (look_.view) {
-        case 0:
-            values_ = plane(cells_, w_, h_, magnitude);
-            break;
-        case 1:
-            values_ = plane(cells_, w_, h_, magnitude);
-            phases_ = plane(cells_, w_, h_, phase);
-            break;
-        case 2:
-            values_ = plane(cells_, w_, h_, phase);
-            break;
-        case 3:
-            values_ = plane(cells_, w_, h_, [](const ComplexCell& c) { return std::abs(c.re); });
-            break;
-        case 4:
-            values_ = plane(cells_, w_, h_, [](const ComplexCell& c) { return std::abs(c.im); });
-            break;
-        default:
-            // A view that does not exist measures nothing, so nothing is shown.
-            return 0.0F;
+bool SpectrumPasses::measure(const ComplexGrid& cells, Long w, Long h, const SpectrumLook& look) {
+    requireCells(cells, w, h);
+    // A view that does not exist measures nothing, so nothing is shown.
+    if (look.view < 0 || look.view > 4)
+        return false;
+    const Source source{cells.revision(), w, h, look.view, look.scale};
+    if (source != source_) {
+        columns_ = runsOf(centredPositions(w));
+        rows_ = centredPositions(h);
+        source_ = source;
+        takeValues(cells);
+        scaleValues();
     }
-    for (const Single value : values_)
-        vmax_ = MaxOf(value, vmax_);
-    checkedSingle(vmax_);
-    // The root rises with its argument: the root of the largest value is the
-    // largest root.
-    if (look_.scale == Scale::SquareRoot)
-        vmax_ = std::sqrt(vmax_);
-    return vmax_;
+    return greatestValue_ != 0.0F;
+}
+
+void SpectrumPasses::takeValues(const ComplexGrid& cells) {
+    const auto& [revision, w, h, view, scale] = *source_;
+    const auto length = static_cast<std::size_t>(w);
+    steps_.resize(area(w, h));
+    hues_.resize(view == 1 || view == 2 ? area(w, h) : 0);
+    for (Long j = 0; j < h; ++j) {
+        const std::span<const Single> re = cells.realRow(j).first(length);
+        const std::span<const Single> im = cells.imaginaryRow(j).first(length);
+        Single* const values = steps_.data() + placeOfRow(j);
+        std::uint8_t* const hues = hues_.data() + placeOfRow(j);
+        if (view == 0 || view == 1)
+            kernels::spectrumRows().magnitudes(re.data(), im.data(), length, values);
+        if (view == 1)
+            std::transform(re.begin(), re.end(), im.begin(), hues,
+                           [](Single x, Single y) { return hueOf(PhaseDeg(x, y)); });
+        if (view == 2) {
+            std::transform(re.begin(), re.end(), im.begin(), values, PhaseDeg);
+            std::transform(values, values + length, hues, hueOf);
+        }
+        // A negative zero counts as positive; the sum is without its sign.
+        if (view == 3 || view == 4)
+            std::ranges::transform(view == 3 ? re : im, values,
+                                   [](Single part) { return part + 0.0F; });
+    }
+}
+
+void SpectrumPasses::scaleValues() {
+    greatestValue_ = kernels::spectrumRows().greatest(steps_.data(), steps_.size());
+    if (!std::isfinite(greatestValue_)) {
+        source_.reset();
+        throw RunTimeError(ErrorNumber::Overflow);
+    }
+    if (greatestValue_ == 0.0F)
+        return;
+    scale(steps_);
+    // Every step rises with its argument.
+    greatestStep_ = greatestValue_;
+    scale({&greatestStep_, 1});
 }
 
 /// In the square-root scale the divisor is a root while the value is plain, so
 /// the quotient is not bounded by 1. The curve is meant so: it lifts weak
 /// cells against strong ones.
-Single SpectrumPasses::scaled(Single value) const {
-    const Single t = value / vmax_ * 255.0F;
-    if (look_.scale == Scale::Linear || look_.view == 2)
-        return t * look_.linearFactor;
-    return (t < 1.0F ? 0.0F : std::sqrt(t)) * look_.sqrtFactor;
+void SpectrumPasses::scale(std::span<Single> values) const noexcept {
+    const kernels::SpectrumRows& rows = kernels::spectrumRows();
+    // The root rises with its argument: the root of the largest value is the
+    // largest root.
+    const bool squareRoot = source_->scale == Scale::SquareRoot;
+    const Single vmax = squareRoot ? std::sqrt(greatestValue_) : greatestValue_;
+    if (squareRoot && source_->view != 2)
+        rows.scaleSquareRoot(values.data(), values.size(), vmax);
+    else
+        rows.scaleLinear(values.data(), values.size(), vmax);
 }
 
-SpectrumPicture SpectrumPasses::paint(SpectrumIndex& ftIndex) const {
-    if (ftIndex.xBound() < w_ - 1 || ftIndex.yBound() < h_ - 1)
+void SpectrumPasses::paint(const SpectrumLook& look, SpectrumIndex& ftIndex,
+                           std::span<PixelWord> words) const {
+    const auto& [revision, w, h, view, scale] = *source_;
+    if (ftIndex.xBound() < w - 1 || ftIndex.yBound() < h - 1)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
-    SpectrumPicture picture{std::vector<PixelWord>(area(w_, h_)),
-                            std::vector<Integer>(area(w_, h_))};
-    std::vector<Integer> levels(static_cast<std::size_t>(w_));
-    for (Long j = 0; j < h_; ++j) {
-        if (!scaleRow(j, levels)) {
-            ftIndex.note(cellsUpToOverflow());
-            throw RunTimeError(ErrorNumber::Overflow);
-        }
-        const std::size_t start = area(w_, rows_[static_cast<std::size_t>(j)]);
-        const std::size_t length = levels.size();
-        colourRow(j, levels, std::span(picture.words).subspan(start, length));
-        for (std::size_t i = 0; i < length; ++i)
-            picture.levels[start + static_cast<std::size_t>(columns_[i])] = levels[i];
+    if (!std::isfinite(greatestStep_ * look.factor())) {
+        ftIndex.note(cellsUpToOverflow(look.factor()));
+        throw RunTimeError(ErrorNumber::Overflow);
+    }
+    // An odd side puts two cells on every other position and none between them.
+    if (w % 2 != 0 || h % 2 != 0)
+        std::ranges::fill(words, 0);
+    std::vector<std::uint8_t> levels(static_cast<std::size_t>(w));
+    for (Long j = 0; j < h; ++j) {
+        // The level only raises the relief of a phase: neither scale nor inversion
+        // changes its colour.
+        if (view != 2)
+            takeLevels(j, look, levels);
+        colourRow(j, look, levels, words.subspan(placeOnPanel(j), levels.size()));
     }
     ftIndex.noteAll();
-    return picture;
+}
+
+void SpectrumPasses::paintLevels(const SpectrumLook& look, std::span<std::uint8_t> levels) const {
+    std::ranges::fill(levels, std::uint8_t{0});
+    std::vector<std::uint8_t> ofRow(static_cast<std::size_t>(source_->w));
+    for (Long j = 0; j < source_->h; ++j) {
+        takeLevels(j, look, ofRow);
+        for (const Run& run : columns_)
+            std::copy_n(ofRow.data() + run.cell, run.length,
+                        levels.data() + placeOnPanel(j) + run.panel);
+    }
 }
 
 /// How many cells a draw comes to, column after column, the one that overflows
 /// included.
-Long SpectrumPasses::cellsUpToOverflow() const {
+Long SpectrumPasses::cellsUpToOverflow(Single factor) const {
     Long cells = 0;
-    for (Long i = 0; i < w_; ++i)
-        for (Long j = 0; j < h_; ++j) {
+    for (Long i = 0; i < source_->w; ++i)
+        for (Long j = 0; j < source_->h; ++j) {
             ++cells;
-            if (!std::isfinite(scaled(valuesOfRow(j)[static_cast<std::size_t>(i)])))
+            if (!std::isfinite(steps_[placeOfRow(j) + static_cast<std::size_t>(i)] * factor))
                 return cells;
         }
     return cells;
 }
 
-/// False where a value overflows.
-bool SpectrumPasses::scaleRow(Long j, std::span<Integer> levels) const {
-    const std::span<const Single> values = valuesOfRow(j);
-    bool allFinite = true;
-    for (std::size_t i = 0; i < levels.size(); ++i) {
-        const Single x = scaled(values[i]);
-        allFinite &= std::isfinite(x);
-        levels[i] = static_cast<Integer>(nearest(MinOf(255.0F, x)));
-    }
-    if (look_.inversion == Inversion::On)
-        for (Integer& g : levels)
-            g = static_cast<Integer>(255 - g);
-    return allFinite;
+void SpectrumPasses::takeLevels(Long j, const SpectrumLook& look,
+                                std::span<std::uint8_t> levels) const {
+    kernels::spectrumRows().levels(steps_.data() + placeOfRow(j), levels.size(), look.factor(),
+                                   look.inversion == Inversion::On ? 255 : 0, levels.data());
 }
 
-void SpectrumPasses::colourRow(Long j, std::span<const Integer> levels,
+void SpectrumPasses::colourRow(Long j, const SpectrumLook& look,
+                               std::span<const std::uint8_t> levels,
                                std::span<PixelWord> words) const {
     const auto colour = [&](auto wordOf) {
-        for (std::size_t i = 0; i < levels.size(); ++i)
-            words[static_cast<std::size_t>(columns_[i])] =
-                wordOf(i, static_cast<std::size_t>(levels[i]));
-    };
-    const std::span<const Single> realParts = cells_.realRow(j);
-    const std::span<const Single> imaginaryParts = cells_.imaginaryRow(j);
-    const std::span<const Single> values = valuesOfRow(j);
-    const std::span<const Single> phases = phasesOfRow(j);
-    switch (look_.view) {
-        case 0:
-            colour([&](std::size_t, std::size_t g) { return look_.lutActive[g]; });
-            break;
-        case 1: {
-            const std::vector<PixelWord>& table = wordsByHueAndLevel();
-            colour([&](std::size_t i, std::size_t g) { return table[hueOf(phases[i]) * 256 + g]; });
-            break;
+        for (const Run& run : columns_) {
+            PixelWord* const word = words.data() + run.panel;
+            for (std::size_t i = 0; i < run.length; ++i)
+                word[i] = wordOf(run.cell + i);
         }
+    };
+    const Single* const steps = steps_.data() + placeOfRow(j);
+    const std::uint8_t* const hues = hues_.data() + placeOfRow(j);
+    const PixelWord* const byLevelAndHue = wordsByLevelAndHue().data();
+    const auto bySign = [&](std::span<const Long, 511> table) {
+        // A choice by the sign would be guessed wrong for every other cell.
+        colour([&](std::size_t i) {
+            const std::array<std::size_t, 2> byLevel = {255U + levels[i], 255U - levels[i]};
+            return table[byLevel[std::signbit(steps[i]) ? 1 : 0]];
+        });
+    };
+    switch (source_->view) {
+        case 0:
+            colour([&](std::size_t i) { return look.lutActive[levels[i]]; });
+            break;
+        case 1:
+            colour([&](std::size_t i) { return byLevelAndHue[levels[i] * kHues + hues[i]]; });
+            break;
         case 2:
-            // The level only raises the relief: neither scale nor inversion
-            // changes the colour of a phase.
-            colour([&](std::size_t i, std::size_t) { return look_.lutHue[hueOf(values[i])]; });
+            colour([&](std::size_t i) { return look.lutHue[hues[i]]; });
             break;
         case 3:
-            colour([&](std::size_t i, std::size_t g) {
-                return look_.lutRe[realParts[i] < 0.0F ? 255 - g : 255 + g];
-            });
+            bySign(look.lutRe);
             break;
         default:
-            colour([&](std::size_t i, std::size_t g) {
-                return look_.lutIm[imaginaryParts[i] < 0.0F ? 255 - g : 255 + g];
-            });
+            bySign(look.lutIm);
     }
 }
 
-std::span<const Single> SpectrumPasses::valuesOfRow(Long j) const {
-    return std::span(values_).subspan(area(w_, j), columns_.size());
+std::size_t SpectrumPasses::placeOfRow(Long j) const noexcept {
+    return area(source_->w, j);
 }
 
-std::span<const Single> SpectrumPasses::phasesOfRow(Long j) const {
-    return phases_.empty() ? std::span<const Single>()
-                           : std::span(phases_).subspan(area(w_, j), columns_.size());
+std::size_t SpectrumPasses::placeOnPanel(Long j) const noexcept {
+    return area(source_->w, rows_[static_cast<std::size_t>(j)]);
 }
 
 void requireCells(const ComplexGrid& cells, Long w, Long h) {

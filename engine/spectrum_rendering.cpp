@@ -44,11 +44,12 @@ void clComplexImage::DrawFT(const ComplexGrid& data, Long w, Long h, PictureBox*
     try {
         requireCells(data, w, h);
         if (mode == 1) {
-            SpectrumPasses passes(data, w, h, spectrumLook(invert));
-            if (passes.measure() == 0.0F)
+            const SpectrumLook look = spectrumLook(invert);
+            if (!spectrumPasses.measure(data, w, h, look))
                 return;
-            const SpectrumPicture picture = passes.paint(ftIndex);
-            bound(pb).SetBitmapBits(w * h * 4, picture.words);
+            bound(pb).PaintBitmapBits(w * h * 4, [&](std::span<PixelWord> pix) {
+                spectrumPasses.paint(look, ftIndex, pix);
+            });
         } else {
             if (!showsReconstruction(imgRange, mView))
                 return;

@@ -50,6 +50,7 @@ Single valueOf(const ComplexCell& cell, Integer mView, Single before) {
 }
 
 struct Extremes {
+    bool allNumbers = true;
     Single vmax = 0;
     Single rmin = 0;
     Single rmax = 0;
@@ -61,6 +62,8 @@ Extremes firstPass(const ComplexGrid& data, Long w, Long h, const Look& look) {
     for (Long i = 0; i < w; ++i)
         for (Long j = 0; j < h; ++j) {
             v = valueOf(data(i, j), look.mView, v);
+            if (std::isnan(v))
+                e.allNumbers = false;
             if (look.bSqrtScale)
                 v = static_cast<Single>(std::sqrt(static_cast<double>(v)));
             if (!(v <= e.vmax))
@@ -173,10 +176,11 @@ Drawing drawSpectrum(const ComplexGrid& data, Long w, Long h, const Look& look,
     drawing.ftIndex.allocate(w, h);
     drawing.pix.assign(cellsOf(w, h), 0);
     drawing.relief.assign(cellsOf(w, h), 0);
-    const Single vmax = firstPass(data, w, h, look).vmax;
-    if (vmax == 0)
+    const Extremes extremes = firstPass(data, w, h, look);
+    const Single vmax = extremes.vmax;
+    if (extremes.allNumbers && vmax == 0)
         return drawing;
-    if (!std::isfinite(vmax)) {
+    if (!extremes.allNumbers || !std::isfinite(vmax)) {
         drawing.overflow = true;
         return drawing;
     }

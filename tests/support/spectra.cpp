@@ -105,6 +105,14 @@ std::vector<NamedSpectrum> spectraToRender(std::uint32_t seed) {
     add("infinite", [](Long u, Long) {
         return u == 3 ? ComplexCell{std::numeric_limits<Single>::infinity(), 0} : cell(1, 0);
     });
+    add("not a number among noise" + tail, [&](Long u, Long v) {
+        return u == 80 && v == 3 ? ComplexCell{std::numeric_limits<Single>::quiet_NaN(), 1}
+                                 : cell(normal(random), normal(random));
+    });
+    add("not a number among zeros", [](Long u, Long v) {
+        return u == 5 && v == 9 ? ComplexCell{1, -std::numeric_limits<Single>::quiet_NaN()}
+                                : ComplexCell{};
+    });
     return spectra;
 }
 
