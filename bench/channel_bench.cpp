@@ -10,6 +10,7 @@
 #include <string>
 
 #include "bench/interleaved.h"
+#include "bench/pictures.h"
 #include "bench/yardstick.h"
 #include "engine/clComplexImage.h"
 #include "fuzz/NullLab.h"
@@ -24,20 +25,6 @@ constexpr Integer kHighPass = 3;
 constexpr Integer kMasks = 4;
 constexpr const char* kOneMask = "runFOURN(0), 1 mask";
 constexpr const char* kThousandMasks = "runFOURN(0), 1,000 masks";
-
-/// Soft shading, an outline, a texture and grain, as a photograph has them.
-Bitmap pictureLike() {
-    std::mt19937 random(1);
-    Bitmap picture(256, 256);
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x) {
-            const bool inside = (x - 100) * (x - 100) + (y - 140) * (y - 140) < 60 * 60;
-            const int grain = static_cast<int>(random() % 7);
-            const int grey = (x + 2 * y) / 6 + (inside ? 90 : 0) + (x * y) % 17 + grain;
-            picture.at(x, y) = std::min(grey, 255) * 0x010101;
-        }
-    return picture;
-}
 
 /// Small rectangles anywhere on the panel, the same in every run.
 void addMasks(clComplexImage& channel, int count) {
