@@ -22,8 +22,23 @@ QPoint whole(QPointF at) {
 
 }  // namespace
 
+OpenedWindow::OpenedWindow(Questions questions)
+    : desktop{questions == Questions::Real ? static_cast<Dialogs&>(services.dialogs)
+                                           : recording.dialogs,
+              services.pictures,
+              services.clipboard,
+              services.text,
+              services.printer,
+              recording.shell,
+              services.screen,
+              services.environment,
+              services.store,
+              services.files} {}
+
 void OpenedWindow::open() {
-    lab = std::make_unique<LabWindow>(desktop, services.screen, nullptr);
+    const bool real = &desktop.dialogs == &services.dialogs;
+    services.dialogs.setOwner(nullptr);
+    lab = std::make_unique<LabWindow>(desktop, services.screen, real ? &services.dialogs : nullptr);
     Main(desktop, *lab);
     settle();
 }

@@ -22,11 +22,12 @@
 namespace quillon {
 
 /// The whole program's window in a home of its own, opened as the program opens
-/// it. Dialogs and the starting of other programs are recorded; every other
-/// service is the real one.
+/// it. Dialogs are recorded, unless the test answers the real ones, and so is
+/// the starting of other programs; every other service is the real one.
 class OpenedWindow : public ::testing::Test {
 protected:
-    OpenedWindow() = default;
+    enum class Questions { Recorded, Real };
+    explicit OpenedWindow(Questions questions = Questions::Recorded);
     void SetUp() override { open(); }
 
     /// Opens the window; the first one is closed without its session's closing.
@@ -72,9 +73,7 @@ protected:
     EnvironmentVariable temporary{"TMP"};
     RecordingDesktop recording;
     QtDesktop services{FileDialogStyle::Toolkit};
-    Desktop desktop{recording.dialogs, services.pictures, services.clipboard, services.text,
-                    services.printer,  recording.shell,   services.screen,    services.environment,
-                    services.store,    services.files};
+    Desktop desktop;
     std::unique_ptr<LabWindow> lab;
 };
 
