@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "tests/support/ChannelUnderTest.h"
 #include "tests/support/error_of.h"
 #include "tests/support/slow_edits.h"
+#include "tests/support/slow_export.h"
 #include "tests/support/spectra.h"
 
 namespace quillon {
@@ -30,68 +30,6 @@ public:
 private:
     std::vector<std::string>& log_;
 };
-
-/// A number with at most three decimals, from all its digits, halves away from zero.
-std::string slowTrimmed(double value) {
-    char buffer[512];
-    std::snprintf(buffer, sizeof buffer, "%.160f", std::fabs(value));
-    std::string digits = buffer;
-    const std::size_t point = digits.find('.');
-    const bool up = digits[point + 4] >= '5';
-    digits.resize(point + 4);
-    for (std::size_t i = digits.size(); up && i-- > 0;) {
-        if (digits[i] == '.')
-            continue;
-        digits[i] = digits[i] == '9' ? '0' : static_cast<char>(digits[i] + 1);
-        if (digits[i] != '0')
-            break;
-        if (i == 0)
-            digits.insert(0, "1");
-    }
-    while (digits.back() == '0' && digits[digits.size() - 2] != '.')
-        digits.pop_back();
-    const bool zero = digits.find_first_of("123456789") == std::string::npos;
-    return (std::signbit(value) && !zero ? "-" : "") + digits;
-}
-
-std::string slowValue(double value, Integer bi) {
-    return bi == 0 ? slowTrimmed(value) : std::to_string(static_cast<long>(std::nearbyint(value)));
-}
-
-std::string slowField(const ComplexCell& cell, const ExportOptions& options) {
-    const double re = cell.re;
-    const double im = cell.im;
-    switch (options.m) {
-        case 0:
-            return slowValue(re, options.bi) + ", " + slowValue(im, options.bi);
-        case 1:
-            return slowValue(std::sqrt(im * im + re * re), options.bi);
-        case 2:
-            return slowValue(PhaseDeg(cell.re, cell.im), options.bi);
-        case 3:
-            return slowValue(re, options.bi);
-        default:
-            return slowValue(im, options.bi);
-    }
-}
-
-std::string slowText(const Spectrum& f, const ExportOptions& options) {
-    std::string text;
-    for (Long i = 0; i < 256; ++i) {
-        for (Long j = 0; j < 256; ++j) {
-            const Long a = options.bs != 0 ? (128 + i) % 256 : i;
-            const Long b = options.bs != 0 ? (128 + j) % 256 : j;
-            const std::string field = slowField(f(a, b), options);
-            if (options.b3 != 0)
-                text += " " + std::to_string(i) + "  " + std::to_string(j) + " " + field + "\t\r\n";
-            else
-                text += field + "\t";
-        }
-        if (options.b3 == 0)
-            text += "\r\n";
-    }
-    return text;
-}
 
 class DataExport : public testing::Test {
 protected:
@@ -142,7 +80,7 @@ TEST_P(EveryExport, IsThePlainLoopByteForByte) {
     lab.show(scene);
     channel.CalculateAll();
     const Spectrum picture = channel.spectrum();
-    EXPECT_TRUE(exported(options) == slowText(picture, options));
+    EXPECT_TRUE(exported(options) == slow::exportText(picture, options));
     // Halves and thousandths, ties of both roundings, and numbers near zero.
     Spectrum ties(256, 256);
     for (Long u = 0; u < 256; ++u)
@@ -150,7 +88,7 @@ TEST_P(EveryExport, IsThePlainLoopByteForByte) {
             ties(u, v) = {static_cast<Single>(u - 128) / 2.0F + static_cast<Single>(v) / 16.0F,
                           static_cast<Single>((u * 256 + v) % 5001 - 2500) / 4000.0F};
     set(ties);
-    EXPECT_TRUE(exported(options) == slowText(ties, options));
+    EXPECT_TRUE(exported(options) == slow::exportText(ties, options));
 }
 
 INSTANTIATE_TEST_SUITE_P(OfASpectrum, EveryExport, testing::Range(0, 40));
@@ -166,7 +104,7 @@ TEST_F(DataExport, HoldsTheNumbersOfEverySize) {
     set(f);
     for (Integer m = 0; m < 5; ++m) {
         const ExportOptions options{.ok = true, .m = m, .bi = 0, .bs = 0, .b3 = 0};
-        EXPECT_TRUE(exported(options) == slowText(channel.spectrum(), options)) << m;
+        EXPECT_TRUE(exported(options) == slow::exportText(channel.spectrum(), options)) << m;
     }
 }
 

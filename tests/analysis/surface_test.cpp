@@ -17,23 +17,7 @@ protected:
     }
 
     /// The relief line by line on a panel with the same background picture.
-    Bitmap slowRelief() const {
-        slow::Look look;
-        look.mView = channel.mView;
-        look.bSqrtScale = channel.sqrtScale();
-        look.ifacLinear = channel.linearFactor();
-        look.ifacSqrt = channel.sqrtFactor();
-        look.invert = channel.GetInvert(1);
-        look.lutActive = channel.activeTable();
-        const slow::Drawing drawing =
-            slow::drawSpectrum(channel.spectrum(), 256, 256, look, slow::makeTables());
-        PictureBox panel("slow", 256, 256);
-        panel.setAutoRedraw(true);
-        panel.setBackColor(lab.pb3.BackColor());
-        panel.setPicture(lab.pb3.Picture());
-        slow::drawRelief(drawing, 256, 256, panel);
-        return panel.Image();
-    }
+    Bitmap slowRelief() const { return slow::reliefOn(lab.pb3, channel); }
 
     ChannelUnderTest lab;
     clComplexImage& channel = lab.channel;

@@ -143,25 +143,19 @@ void BatchInTheWindow::expectLikeTheSlowRenderer(const std::string& name) {
     ChannelUnderTest bench;
     bench.pb1.setPicture(part(montage, 1));
     bench.channel.runFOURN(1, 0);
-    slow::Look look;
-    look.lutActive = form().lab.channel1.activeTable();
-    look.ifacSqrt = form().lab.channel1.sqrtFactor();
-    const slow::Drawing drawing =
-        slow::drawSpectrum(bench.channel.spectrum(), kSide, kSide, look, slow::makeTables());
+    const slow::Drawing drawing = slow::drawSpectrum(
+        bench.channel.spectrum(), kSide, kSide, slow::lookOf(bench.channel, 1), slow::makeTables());
     Bitmap spectrum(kSide, kSide, toPixelWord(form().pb2.BackColor()));
-    PictureBox relief("relief", kSide, kSide);
-    relief.setAutoRedraw(true);
-    relief.setBackColor(form().pb3.BackColor());
     // Of a black picture there is nothing to draw.
-    if (drawing.drawn) {
+    if (drawing.drawn)
         std::ranges::transform(drawing.pix, spectrum.words.begin(),
                                [](Long pixel) { return pixel & 0xFFFFFF; });
-        slow::drawRelief(drawing, kSide, kSide, relief);
-    }
+    bench.pb3.setBackColor(form().pb3.BackColor());
+    const Bitmap relief = slow::reliefOn(bench.pb3, bench.channel);
     EXPECT_EQ(written(name + "_batch1.bmp"), spectrum) << name;
-    EXPECT_EQ(written(name + "_batch2.bmp"), relief.Image()) << name;
+    EXPECT_EQ(written(name + "_batch2.bmp"), relief) << name;
     EXPECT_EQ(part(montage, 258), spectrum) << name;
-    EXPECT_EQ(part(montage, 515), relief.Image()) << name;
+    EXPECT_EQ(part(montage, 515), relief) << name;
     const PixelWord ground = toPixelWord(form().pb3.BackColor());
     for (int y = 0; y < montage.height; ++y)
         for (const int x : {0, 257, 514, 771})

@@ -23,16 +23,7 @@ protected:
         lab.log.clear();
     }
 
-    slow::Look look(Integer panel) const {
-        slow::Look look;
-        look.mView = channel.mView;
-        look.bSqrtScale = channel.sqrtScale();
-        look.ifacLinear = channel.linearFactor();
-        look.ifacSqrt = channel.sqrtFactor();
-        look.invert = channel.GetInvert(panel);
-        look.lutActive = channel.activeTable();
-        return look;
-    }
+    slow::Look look(Integer panel) const { return slow::lookOf(channel, panel); }
 
     std::vector<Long> slowSpectrum() const {
         return slow::drawSpectrum(channel.spectrum(), 256, 256, look(1), slow::makeTables()).pix;

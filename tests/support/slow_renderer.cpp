@@ -270,4 +270,30 @@ void drawRelief(const Drawing& spectrum, Long w, Long h, PictureBox& pbNEW) {
         }
 }
 
+Look lookOf(const clComplexImage& channel, Integer panel) {
+    Look look;
+    look.mView = channel.mView;
+    look.bSqrtScale = channel.sqrtScale();
+    look.ifacLinear = channel.linearFactor();
+    look.ifacSqrt = channel.sqrtFactor();
+    look.invert = channel.GetInvert(panel);
+    look.lutActive = channel.activeTable();
+    return look;
+}
+
+Bitmap reliefOn(const PictureBox& panel, const clComplexImage& channel) {
+    const Long w = panel.Image().width;
+    const Long h = panel.Image().height;
+    PictureBox relief("relief", w, h);
+    relief.setAutoRedraw(true);
+    relief.setBackColor(panel.BackColor());
+    relief.setPicture(panel.Picture());
+    const Drawing drawing =
+        drawSpectrum(channel.spectrum(), w, h, lookOf(channel, 1), makeTables());
+    // Of an empty spectrum there is nothing to draw.
+    if (drawing.drawn)
+        drawRelief(drawing, w, h, relief);
+    return relief.Image();
+}
+
 }  // namespace quillon::slow

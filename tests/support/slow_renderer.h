@@ -34,6 +34,9 @@ struct Look {
     std::array<Long, 256> lutActive{};
 };
 
+/// How a channel looks now on its spectrum panel, 1, or its reconstruction panel, 2.
+Look lookOf(const clComplexImage& channel, Integer panel);
+
 struct Drawing {
     /// False where the draw ended before the panel was touched.
     bool drawn = false;
@@ -51,5 +54,9 @@ Drawing drawReconstruction(const ComplexGrid& data, Long w, Long h, const Look& 
 
 /// The relief, back to front, line by line.
 void drawRelief(const Drawing& spectrum, Long w, Long h, PictureBox& pbNEW);
+
+/// The relief of a channel's spectrum over the background picture, or the bare
+/// ground, of the panel that shows it.
+Bitmap reliefOn(const PictureBox& panel, const clComplexImage& channel);
 
 }  // namespace quillon::slow
