@@ -97,6 +97,16 @@ void OpenedWindow::choose(const char* title, const char* entryName) {
     settle();
 }
 
+void OpenedWindow::chooseOn(const char* panelName, const char* entryName) {
+    whenPopup([=, this](QMenu& shown) {
+        QTest::mouseClick(&shown, Qt::LeftButton, {},
+                          shown.actionGeometry(&entry(entryName)).center());
+    });
+    press(panel(panelName), {100, 100}, Qt::RightButton);
+    release(panel(panelName), {100, 100}, Qt::RightButton);
+    settle();
+}
+
 bool OpenedWindow::drop(QWidget& target, const QList<QUrl>& urls) {
     QMimeData content;
     content.setUrls(urls);

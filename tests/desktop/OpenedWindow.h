@@ -56,6 +56,8 @@ protected:
     void doubleClick(QWidget& widget, QPointF at);
     /// Opens a title of the menu bar with the mouse and clicks an entry of its menu.
     void choose(const char* title, const char* entryName);
+    /// Opens a panel's menu with the right button and clicks an entry of it.
+    void chooseOn(const char* panelName, const char* entryName);
     /// Drops files on a widget; false where the widget did not want them.
     bool drop(QWidget& target, const QList<QUrl>& urls);
     /// The middle of a panel pixel as a point of the panel's widget.

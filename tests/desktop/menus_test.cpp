@@ -131,13 +131,7 @@ TEST_F(Menus, ARightPressOnAPanelPopsItsMenuUpAtThePointer) {
 }
 
 TEST_F(Menus, AChoiceFromAPopUpRunsTheSameEntry) {
-    whenPopup([this](QMenu& shown) {
-        QTest::mouseClick(&shown, Qt::LeftButton, {},
-                          shown.actionGeometry(&entry("mnuFT1a(10)")).center());
-    });
-    press(panel("pb2"), {100, 100}, Qt::RightButton);
-    release(panel("pb2"), {100, 100}, Qt::RightButton);
-    settle();
+    chooseOn("pb2", "mnuFT1a(10)");
     EXPECT_TRUE(form().menu(MenuArray::mnuFT1a, 10).Checked);
     EXPECT_TRUE(entry("mnuFT1a(10)").isChecked());
     EXPECT_TRUE(form().lab.channel1.bLowpass);
