@@ -19,6 +19,7 @@
 #include "desktop/LabMenus.h"
 #include "desktop/LampWidget.h"
 #include "desktop/QtScreen.h"
+#include "desktop/RimmedLabel.h"
 #include "desktop/TimerFace.h"
 #include "desktop/faces.h"
 
@@ -129,7 +130,8 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
             break;
         }
         case ControlKind::Label: {
-            auto* label = new QLabel(&parent);
+            const auto* panel = dynamic_cast<const PictureBox*>(form_.parentOf(control));
+            auto* label = panel != nullptr ? new RimmedLabel(*panel, &parent) : new QLabel(&parent);
             label->setIndent(isStatusCell(control) ? kStatusIndent : 0);
             faces_.push_back(
                 std::make_unique<LabelFace>(form_, control, *label, alignmentOf(control)));

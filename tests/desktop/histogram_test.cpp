@@ -98,6 +98,20 @@ TEST_F(HistogramInTheWindow, OpensFromTheMenuBarToo) {
     expectBarsOf("pb6");
 }
 
+TEST_F(HistogramInTheWindow, TheGreyRangeStandsOutFromABarBehindIt) {
+    // A bar of full height at level 10, behind the first letters.
+    form().pb1.setPicture(Bitmap(256, 256, 0x0A0A0A));
+    chooseOn("pb1", "mnuImg1a(10)");
+    const Bitmap shown = onScreen("pbh");
+    const QRect range = widget("LHIST").geometry();
+    const PixelWord ink = toPixelWord(form().lab.guiColors[0]);
+    int rim = 0;
+    for (int y = range.top(); y <= range.bottom(); ++y)
+        rim += shown.at(10, y) != ink ? 1 : 0;
+    EXPECT_GT(rim, 3) << "the letter's rim cuts into the bar";
+    EXPECT_EQ(form().pbh.shown().at(10, range.center().y()), ink);
+}
+
 TEST_F(HistogramInTheWindow, FollowsADragAndStaysWithinThePanels) {
     chooseOn("pb1", "mnuImg1a(10)");
     const QPoint start = box().pos();
