@@ -38,6 +38,8 @@ QtPictures::QtPictures(Files& files) : files_(files) {
 
 Bitmap QtPictures::load(const std::string& path) {
     const std::string bytes = files_.read(path);
+    if (Bitmap picture = pictureOfUsualBitmap(bytes); !picture.empty())
+        return picture;
     if (!isWholePicture(bytes))
         throw RunTimeError(ErrorNumber::InvalidPicture);
     QByteArray content =

@@ -8,6 +8,7 @@
 
 #include "desktop/Conversions.h"
 #include "desktop/QtPictures.h"
+#include "desktop/bitmap_file.h"
 #include "engine/RunTimeError.h"
 #include "tests/desktop/picture_files.h"
 #include "tests/support/RecordingDesktop.h"
@@ -272,6 +273,50 @@ TEST_F(PictureFiles, ASavedPictureIsByteForByteThatOfTheToolkit) {
         ASSERT_TRUE(image.save(&expected, "bmp"));
         EXPECT_EQ(recording.files.bytesOf("C:\\out.bmp"), expected.data().toStdString())
             << width << " by " << height;
+    }
+}
+
+Bitmap decodedByTheToolkit(const std::string& bytes) {
+    return toBitmap(QImage::fromData(QByteArray::fromStdString(bytes), "BMP"));
+}
+
+TEST_F(PictureFiles, ABitmapOfTheUsualKindIsReadAsTheToolkitReadsIt) {
+    for (const auto& [width, height] :
+         {std::pair(1, 1), {2, 3}, {3, 2}, {4, 1}, {5, 2}, {257, 3}}) {
+        const Bitmap source = noise(width, height, 20240107);
+        const std::string bytes = bitmapFile(source);
+        EXPECT_EQ(pictureOfUsualBitmap(bytes), source) << width << " by " << height;
+        EXPECT_EQ(decodedByTheToolkit(bytes), source) << width << " by " << height;
+        EXPECT_EQ(pictureOfUsualBitmap(bytes + "trailing"), source);
+    }
+}
+
+TEST_F(PictureFiles, ABitmapThatIsUnusualInOneThingIsLeftToTheToolkit) {
+    const std::string usual = bitmapFile(noise(6, 5, 20240108));
+    // Offsets, header sizes, planes, bits, compression, colours of a table; and
+    // sizes of nothing, of rows from the top and beyond all bounds.
+    const std::vector<std::pair<std::size_t, char>> changes = {
+        {0, 'A'},     {10, 55}, {14, 108}, {18, 0},  {21, '\x7F'}, {22, 0}, {25, -1},
+        {19, '\x7F'}, {26, 2},  {28, 16},  {28, 32}, {30, 3},      {46, 1}, {50, 1}};
+    for (const auto& [at, value] : changes) {
+        std::string changed = usual;
+        changed[at] = value;
+        EXPECT_TRUE(pictureOfUsualBitmap(changed).empty()) << "byte " << at;
+    }
+    for (std::size_t length = 0; length < usual.size(); ++length)
+        EXPECT_TRUE(pictureOfUsualBitmap(usual.substr(0, length)).empty()) << length;
+}
+
+TEST_F(PictureFiles, RowsFromTheTopAreTurnedRound) {
+    const Bitmap source = noise(3, 2, 20240109);
+    std::string bytes = bitmapFile(source);
+    const std::string minusTwo = "\xFE\xFF\xFF\xFF";
+    bytes.replace(22, 4, minusTwo);
+    const Bitmap picture = decoded(bytes);
+    ASSERT_EQ(picture.height, 2);
+    for (int x = 0; x < 3; ++x) {
+        EXPECT_EQ(picture.at(x, 0), source.at(x, 1));
+        EXPECT_EQ(picture.at(x, 1), source.at(x, 0));
     }
 }
 
