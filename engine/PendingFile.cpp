@@ -18,7 +18,8 @@ namespace {
 
 /// Short, whatever the name of the file, and hidden from lists of files.
 std::string temporaryName() {
-    std::random_device random;
+    // Opening the source of randomness takes longer than creating the file.
+    static std::random_device random;
     char name[32];
     std::snprintf(name, sizeof name, ".quillon-%08x%08x", static_cast<unsigned>(random()),
                   static_cast<unsigned>(random()));
