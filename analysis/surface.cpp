@@ -22,9 +22,56 @@ struct Points {
     std::vector<std::uint8_t> levels;
 };
 
+/// The panel columns of a row's points: half a pixel further left with each row,
+/// rounded half to even. In every other row two points share a column.
+struct Columns {
+    Long left = 0;
+    /// 1 in a row whose points all fall between two columns.
+    Long between = 0;
+
+    explicit Columns(Long row) : left(kLeftOfBackRow - (row + 1) / 2), between(row & 1) {}
+    Long of(Long point) const noexcept {
+        const Long column = left + point;
+        return column + (column & between);
+    }
+};
+
+/// The panel under a relief, with the highest row painted so far in each column,
+/// or what lies below the panel.
+struct Ground {
+    std::span<PixelWord> canvas;
+    Long width = 0;
+    std::vector<Long> highest;
+};
+
+/// A row of points as vertical lines with their feet in panel row `foot`. Of two
+/// that share a column the later one covers the other.
+void paintRow(std::span<const PixelWord> words, std::span<const std::uint8_t> levels,
+              Columns columns, Long foot, Ground& ground) {
+    const Long width = ground.width;
+    Long first = 0;
+    Long last = static_cast<Long>(words.size());
+    while (first < last && columns.of(first) < 0)
+        ++first;
+    while (first < last && columns.of(last - 1) >= width)
+        --last;
+    for (Long c = last - 1; c >= first; --c) {
+        const auto point = static_cast<std::size_t>(c);
+        const Long column = columns.of(c);
+        Long& top = ground.highest[static_cast<std::size_t>(column)];
+        const Long end = std::max<Long>(foot - halved(levels[point]), -1);
+        if (end + 1 >= top)
+            continue;
+        const PixelWord word = words[point] & 0xFFFFFF;
+        for (Long y = std::min(foot, top - 1); y > end; --y)
+            ground.canvas[static_cast<std::size_t>(y * width + column)] = word;
+        top = end + 1;
+    }
+}
+
 /// Paints the relief of w by h points: each point a vertical line from its foot
-/// upward, half a pixel high per grey level, without its upper
-/// end. Each row stands half a pixel further left and down than the row behind.
+/// upward, half a pixel high per grey level, without its upper end. Each row
+/// stands half a pixel further left and down than the row behind.
 ///
 /// Told back to front, later lines cover earlier ones. Feet never rise from one
 /// row to the next, so the same picture comes front to back when each line only
@@ -32,21 +79,14 @@ struct Points {
 /// written at most once.
 void paintRelief(const Points& points, Long w, Long h, std::span<PixelWord> canvas,
                  Long canvasWidth, Long canvasHeight) {
-    std::vector<Long> highest(static_cast<std::size_t>(canvasWidth), canvasHeight);
+    Ground ground{canvas, canvasWidth,
+                  std::vector<Long>(static_cast<std::size_t>(canvasWidth), canvasHeight)};
+    const auto length = static_cast<std::size_t>(w);
     for (Long r = h - 1; r >= 0; --r) {
-        const Long sy = halved(2 * kTopOfBackRow + r);
-        for (Long c = w - 1; c >= 0; --c) {
-            const Long sx = halved(2 * (kLeftOfBackRow + c) - r);
-            if (sx < 0 || sx >= canvasWidth)
-                continue;
-            const auto point = static_cast<std::size_t>(r * w + c);
-            Long& top = highest[static_cast<std::size_t>(sx)];
-            const Long end = std::max<Long>(sy - halved(points.levels[point]), -1);
-            for (Long y = std::min(sy, top - 1); y > end; --y)
-                canvas[static_cast<std::size_t>(y * canvasWidth + sx)] =
-                    points.words[point] & 0xFFFFFF;
-            top = std::min(top, end + 1);
-        }
+        const std::size_t start = static_cast<std::size_t>(r) * length;
+        paintRow(std::span(points.words).subspan(start, length),
+                 std::span(points.levels).subspan(start, length), Columns(r),
+                 halved(2 * kTopOfBackRow + r), ground);
     }
 }
 

@@ -17,6 +17,16 @@ void lay(const Bitmap& picture, Bitmap& ground) {
         std::ranges::copy(picture.row(y).first(width), ground.row(y).begin());
 }
 
+/// One word all over: one row, and copies of it, which go many words at a time.
+void paintGround(Bitmap& bitmap, PixelWord word) {
+    if (bitmap.empty())
+        return;
+    const auto first = bitmap.row(0);
+    std::ranges::fill(first, word);
+    for (int y = 1; y < bitmap.height; ++y)
+        std::ranges::copy(first, bitmap.row(y).begin());
+}
+
 /// Pixels that the border takes of each axis.
 Single borders(Integer borderStyle) {
     return borderStyle == 1 ? 2.0F : 0.0F;
@@ -141,7 +151,8 @@ void PictureBox::drawn() {
 
 void PictureBox::layPicture() {
     layer_ = {};
-    std::ranges::fill(image_.words, toPixelWord(backColor_));
+    if (picture_.width < image_.width || picture_.height < image_.height)
+        paintGround(image_, toPixelWord(backColor_));
     lay(picture_, image_);
 }
 
