@@ -64,6 +64,15 @@ QPointF PanelWidget::cornerOnScreen() const {
     return QPointF(mapTo(window(), QPoint(0, 0))) * devicePixelRatioF();
 }
 
+void PanelWidget::takePlace() {
+    const qreal ratio = devicePixelRatioF();
+    const QPointF corner = cornerOnScreen();
+    const QRectF place(corner, QSizeF(size()) * ratio);
+    const bool framed = panel_.BorderStyle == 1;
+    setAttribute(Qt::WA_OpaquePaintEvent,
+                 !framed || QRectF(geometryAt(corner, ratio).framed).contains(place));
+}
+
 QPoint PanelWidget::panelPixel(QPointF position) const {
     const qreal ratio = devicePixelRatioF();
     const QPointF corner = cornerOnScreen();

@@ -19,6 +19,10 @@ public:
     void addShape(const Shape& shape) { shapes_.push_back(&shape); }
     void addLine(const LineControl& line) { lines_.push_back(&line); }
 
+    /// To be called when the panel's place or size is another: where the panel paints
+    /// every pixel of its place, the frame below it need not be painted with it.
+    void takePlace();
+
     /// The panel pixel under a point of the widget.
     QPoint panelPixel(QPointF position) const;
     /// The middle of a panel pixel as a point of the widget.

@@ -16,6 +16,11 @@ QPointF PanelFace::toControl(QPointF position) const {
     return panelWidget_.panelPixel(position);
 }
 
+void PanelFace::takeState() {
+    ControlFace::takeState();
+    panelWidget_.takePlace();
+}
+
 LabelFace::LabelFace(Form1& form, Control& label, QLabel& widget, Qt::Alignment alignment)
     : ControlFace(form, label, widget), label_(widget) {
     label_.setTextFormat(Qt::PlainText);

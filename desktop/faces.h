@@ -15,10 +15,11 @@ public:
 protected:
     /// Whole panel pixels where the panel counts in pixels, else twips.
     QPointF toControl(QPointF position) const override;
+    void takeState() override;
 
 private:
     const PictureBox& panel_;
-    const PanelWidget& panelWidget_;
+    PanelWidget& panelWidget_;
 };
 
 /// A line of text on a flat ground.
