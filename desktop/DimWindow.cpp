@@ -1,11 +1,13 @@
 #include "desktop/DimWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 #include <algorithm>
 #include <string_view>
 #include <utility>
@@ -47,6 +49,7 @@ DimWindow::DimWindow(frmDIM& dim, QWidget& owner, DarkMeans means, std::function
         setAttribute(Qt::WA_OpaquePaintEvent);
     hide();
     buildMenu();
+    keepKeyboard();
     dim_.watch(this);
 }
 
@@ -89,16 +92,36 @@ void DimWindow::buildMenu() {
 }
 
 void DimWindow::appear() {
-    if (isChild()) {
+    if (isChild())
         show();
-        raise();
-        setFocus();
-        return;
-    }
-    if (!isVisible())
+    else if (!isVisible())
         showFullScreen();
     raise();
-    activateWindow();
+    takeKeyboard();
+}
+
+void DimWindow::keepKeyboard() {
+    // L turns the light on at the first press wherever the last click was. And a
+    // window system lays its bright panels over a full screen without the keyboard.
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* now) {
+        if (now != nullptr && now == owner_.windowHandle())
+            QMetaObject::invokeMethod(
+                this, [this] { takeKeyboard(); }, Qt::QueuedConnection);
+    });
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, const QWidget* now) {
+        if (now != nullptr && now != this && now->window() == &owner_)
+            QMetaObject::invokeMethod(
+                this, [this] { takeKeyboard(); }, Qt::QueuedConnection);
+    });
+}
+
+void DimWindow::takeKeyboard() {
+    // A dialog keeps it until it is closed.
+    if (released_ || QApplication::activeModalWidget() != nullptr)
+        return;
+    if (!isChild())
+        activateWindow();
+    setFocus();
 }
 
 void DimWindow::coverOwner() {

@@ -61,6 +61,10 @@ private:
     /// The dark's controls are left to the next window.
     void release();
     void cover();
+    /// Whoever gets the keyboard while the light is off, by a click in the hole
+    /// or at the end of a dialog, gives it back to the dark.
+    void keepKeyboard();
+    void takeKeyboard();
     void takeState();
     void cutHole();
     void showAlpha(Integer alpha);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
@@ -65,6 +66,12 @@ protected:
     void clickOn(QWidget& top, QPoint global, Qt::MouseButton button) {
         QTest::mouseClick(top.windowHandle(), button, {}, top.mapFromGlobal(global));
         settle();
+    }
+    /// After all that the window system and the window have to say to each other.
+    bool hasKeyboardBack() {
+        for (int i = 0; i < 5; ++i)
+            settle();
+        return QApplication::focusWidget() == dark();
     }
     QPoint middleOf(QWidget& widget) { return widget.mapToGlobal(widget.rect().center()); }
     static constexpr DarkMeans kAll[] = {DarkMeans::WindowOpacity, DarkMeans::PaintedScreen,
@@ -344,6 +351,52 @@ TEST_F(LightInTheWindow, ReleasesOfShiftCtrlAndAltReachTheWindow) {
         QTest::keyRelease(top, Qt::Key_Right);
         EXPECT_EQ(form().pendingShiftPanel, 1);
         form().pendingShiftPanel = 0;
+        fadeOut();
+    }
+}
+
+TEST_F(LightInTheWindow, TheDarkKeepsTheKeyboardThroughAClickInTheHole) {
+    for (const DarkMeans means : kAll) {
+        lightOff(means);
+        fadeIn();
+        // The press makes the window below the active one, as window systems do.
+        window().activateWindow();
+        clickOn(window(), middleOf(panel("pb5")), Qt::LeftButton);
+        EXPECT_EQ(QApplication::activeWindow(), dark()->window());
+        EXPECT_EQ(QApplication::focusWidget(), dark());
+        QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_L);
+        EXPECT_EQ(form().dim.fadeDirection, 2) << "one press turns the light on";
+        fadeOut();
+        EXPECT_EQ(QApplication::focusWidget(), &window());
+    }
+}
+
+TEST_F(LightInTheWindow, TheDarkKeepsTheKeyboardThroughAClickInThePage) {
+    form().Click(form().lbTAB(1));
+    settle();
+    for (const DarkMeans means : kAll) {
+        lightOff(means);
+        fadeIn();
+        window().activateWindow();
+        widget("ie5").setFocus(Qt::MouseFocusReason);
+        EXPECT_TRUE(hasKeyboardBack());
+        fadeOut();
+    }
+}
+
+TEST_F(LightInTheWindow, ADialogInTheDarkHasTheKeyboardUntilItCloses) {
+    for (const DarkMeans means : {DarkMeans::WindowOpacity, DarkMeans::PaintedScreen}) {
+        lightOff(means);
+        fadeIn();
+        QDialog dialog(&window());
+        dialog.open();
+        window().activateWindow();
+        EXPECT_FALSE(hasKeyboardBack());
+        dialog.activateWindow();
+        EXPECT_FALSE(hasKeyboardBack());
+        dialog.close();
+        window().activateWindow();
+        EXPECT_TRUE(hasKeyboardBack());
         fadeOut();
     }
 }
