@@ -7,6 +7,7 @@
 
 #include "desktop/Conversions.h"
 #include "desktop/input_codes.h"
+#include "desktop/title_width.h"
 
 namespace quillon {
 
@@ -33,6 +34,7 @@ ExportDialog::ExportDialog(dlgARRAY& dialog, QWidget* parent) : QDialog(parent),
     installEventFilter(this);
 
     auto* column = new QVBoxLayout(this);
+    column->addStrut(widthForTitle(*this));
     for (Integer i = 0; i < dlgARRAY::kOptions; ++i) {
         auto* button = new QRadioButton(this);
         show(*button, dialog_.op(i));

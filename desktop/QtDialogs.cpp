@@ -2,13 +2,13 @@
 
 #include <QDir>
 #include <QFileDialog>
-#include <QFontMetrics>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
 #include "desktop/Conversions.h"
+#include "desktop/title_width.h"
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
 
@@ -32,15 +32,6 @@ QMessageBox::Icon toIcon(MessageIcon icon) {
             break;
     }
     return QMessageBox::NoIcon;
-}
-
-/// The width of a dialog in pixels at which a window manager shows its title
-/// whole: in bold letters, beside an icon and three buttons.
-int widthForTitle(const QDialog& dialog) {
-    constexpr int kIconAndButtons = 120;
-    QFont bold = dialog.font();
-    bold.setBold(true);
-    return QFontMetrics(bold).horizontalAdvance(dialog.windowTitle()) + kIconAndButtons;
 }
 
 }  // namespace

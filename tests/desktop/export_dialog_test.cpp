@@ -41,6 +41,11 @@ TEST_F(TheExportDialog, ShowsEveryChoiceInItsLettersAndColours) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("FT Data Export"));
         EXPECT_EQ(dialog.windowIcon().cacheKey(), window().windowIcon().cacheKey());
         EXPECT_TRUE(dialog.isModal());
+        QFont bold = dialog.font();
+        bold.setBold(true);
+        // An icon and three buttons of some 20 pixels stand beside the title.
+        EXPECT_GE(dialog.width(),
+                  QFontMetrics(bold).horizontalAdvance(dialog.windowTitle()) + 4 * 20);
         EXPECT_EQ(dialog.palette().color(QPalette::Window), toQColor(form().lab.guiColors[0]));
         const auto expectShown = [&](QAbstractButton& shown, const Control& control) {
             EXPECT_EQ(shown.text(), toQString(control.Caption.get()));
