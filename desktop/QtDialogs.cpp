@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -34,6 +35,13 @@ QMessageBox::Icon toIcon(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
+/// Only behind everything else that lays the box out anew.
+void widenForTitle(QMessageBox& box) {
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(widthForTitle(box), 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+}
+
 }  // namespace
 
 QStringList toNameFilters(const std::string& filter) {
@@ -58,12 +66,14 @@ MessageAnswer QtDialogs::messageBox(const std::string& text, const std::string& 
     box.setIcon(toIcon(icon));
     if (buttons == MessageButtons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
+        widenForTitle(box);
         box.exec();
         return MessageAnswer::Ok;
     }
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     // The Escape key and the close box mean No.
     box.setEscapeButton(QMessageBox::No);
+    widenForTitle(box);
     return box.exec() == QMessageBox::Yes ? MessageAnswer::Yes : MessageAnswer::No;
 }
 

@@ -94,15 +94,27 @@ TEST_F(DialogService, AnInputBoxOffersItsPresetAndGivesWhatIsTyped) {
     EXPECT_EQ(dialogs.inputBox("first\nsecond", "Adjust FT Brightness", "100"), "2.5x");
 }
 
-TEST_F(DialogService, AnInputBoxIsWideEnoughForItsTitleWhateverItsPrompt) {
+/// The title is bold; an icon and three buttons of some 20 pixels stand beside it.
+void expectRoomForTitle(const QDialog& dialog) {
+    QFont bold = dialog.font();
+    bold.setBold(true);
+    EXPECT_GE(dialog.width(), QFontMetrics(bold).horizontalAdvance(dialog.windowTitle()) + 4 * 20);
+}
+
+TEST_F(DialogService, ABoxIsWideEnoughForItsTitleWhateverItsText) {
+    const std::string title = "A Title Of Several Words That Is Far Longer Than Its Text";
     whenModal<QInputDialog>([](QInputDialog& box) {
-        QFont bold = box.font();
-        bold.setBold(true);
-        // An icon and three buttons of some 20 pixels stand beside the title.
-        EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + 4 * 20);
+        expectRoomForTitle(box);
         box.reject();
     });
-    dialogs.inputBox("?", "A Title Of Several Words That Is Far Longer Than Its Prompt", "");
+    dialogs.inputBox("?", title, "");
+    for (const MessageButtons buttons : {MessageButtons::Ok, MessageButtons::YesNo}) {
+        whenModal<QMessageBox>([](QMessageBox& box) {
+            expectRoomForTitle(box);
+            box.reject();
+        });
+        dialogs.messageBox("?", title, MessageIcon::Information, buttons);
+    }
 }
 
 TEST_F(DialogService, ACancelledInputBoxGivesNothingAndAnEmptyOneTheEmptyText) {
