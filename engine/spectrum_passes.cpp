@@ -201,7 +201,10 @@ void SpectrumPasses::colourRow(Long j, const SpectrumLook& look,
     };
     const Single* const steps = steps_.data() + placeOfRow(j);
     const std::uint8_t* const hues = hues_.data() + placeOfRow(j);
-    const PixelWord* const byLevelAndHue = wordsByLevelAndHue().data();
+    const auto byLevelAndHue = [&] {
+        const PixelWord* const table = wordsByLevelAndHue().data();
+        colour([&](std::size_t i) { return table[levels[i] * kHues + hues[i]]; });
+    };
     const auto bySign = [&](std::span<const Long, 511> table) {
         // A choice by the sign would be guessed wrong for every other cell.
         colour([&](std::size_t i) {
@@ -214,7 +217,7 @@ void SpectrumPasses::colourRow(Long j, const SpectrumLook& look,
             colour([&](std::size_t i) { return look.lutActive[levels[i]]; });
             break;
         case 1:
-            colour([&](std::size_t i) { return byLevelAndHue[levels[i] * kHues + hues[i]]; });
+            byLevelAndHue();
             break;
         case 2:
             colour([&](std::size_t i) { return look.lutHue[hues[i]]; });
