@@ -238,6 +238,32 @@ TEST_F(BatchInTheWindow, EscapeFinishesTheImageInProgressAndCountsIt) {
     EXPECT_EQ(entries(), 12 + 3 * 5);
 }
 
+TEST_F(BatchInTheWindow, LetsTheUsersOtherCommandsThroughWhileItRuns) {
+    const std::vector<MixedPicture> pictures = makeMixedPictures(folder, 6);
+    nextSample(pictures[0].name, Types::All);
+    nextQuestion(6, QMessageBox::Yes);
+    bool chosen = false;
+    runFromTheMenu([&] {
+        if (chosen || form().fr2.Caption.get() != "Image 3 of 6 ...")
+            return;
+        chosen = true;
+        choose("mnuOpt", "itmOpt(14)");
+        EXPECT_TRUE(form().lab.channel1.bBatch) << "the run is still under way";
+        // A second batch asks too; cancelled, it leaves the first alone.
+        answers.next<QFileDialog>([](QFileDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        nextCount(6);
+        choose("mnuFile", "itmFile(3)");
+    });
+    EXPECT_TRUE(chosen);
+    expectWindowAsBefore();
+    EXPECT_EQ(form().lab.channel1.mView, 2);
+    EXPECT_EQ(entries(), 6 + 3 * 6);
+    for (const MixedPicture& picture : pictures)
+        expectOutputs(picture.name);
+    // From there on the phases are written.
+    EXPECT_EQ(written(pictures[5].name + "_batch1.bmp"), form().pb2.Image());
+}
+
 TEST_F(BatchInTheWindow, TakesTheTypeThatTheDialogShowsAtTheEnd) {
     makeMixedPictures(folder, 12);
     // Two of each ending, and every one in capitals or not.
