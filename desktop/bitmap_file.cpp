@@ -26,6 +26,11 @@ void putLittle32(char* bytes, std::uint32_t number) noexcept {
     bytes[3] = static_cast<char>(number >> 24);
 }
 
+void putLittle64(char* bytes, std::uint64_t number) noexcept {
+    putLittle32(bytes, static_cast<std::uint32_t>(number));
+    putLittle32(bytes + 4, static_cast<std::uint32_t>(number >> 32));
+}
+
 std::uint32_t takeLittle32(const char* bytes) noexcept {
     const auto byte = [bytes](int i) {
         return std::uint32_t{static_cast<unsigned char>(bytes[i])};
@@ -43,16 +48,15 @@ void appendLittle32(std::string& bytes, std::uint32_t number) {
     bytes.append(four, sizeof four);
 }
 
-/// Four pixels fill three numbers.
+/// Four pixels fill twelve bytes.
 void putRow(std::span<const PixelWord> row, char* bytes) noexcept {
     const auto pixel = [&row](std::size_t x) {
-        return static_cast<std::uint32_t>(row[x]) & 0xFFFFFFU;
+        return static_cast<std::uint64_t>(row[x]) & 0xFFFFFFU;
     };
     std::size_t x = 0;
     for (; x + 4 <= row.size(); x += 4, bytes += 12) {
-        putLittle32(bytes, pixel(x) | pixel(x + 1) << 24);
-        putLittle32(bytes + 4, pixel(x + 1) >> 8 | pixel(x + 2) << 16);
-        putLittle32(bytes + 8, pixel(x + 2) >> 16 | pixel(x + 3) << 8);
+        putLittle64(bytes, pixel(x) | pixel(x + 1) << 24 | pixel(x + 2) << 48);
+        putLittle32(bytes + 8, static_cast<std::uint32_t>(pixel(x + 2) >> 16 | pixel(x + 3) << 8));
     }
     for (; x < row.size(); ++x, bytes += 3) {
         bytes[0] = static_cast<char>(row[x]);
