@@ -83,6 +83,10 @@ void PictureBox::PaintPictureStretched(const Bitmap& source, PixelArea target) {
     const PixelArea window = visiblePart(target, image_);
     if (window.width == 0)
         return;
+    if (target.width == source.width && target.height == source.height) {
+        BitBlt(target, source, 0, 0);
+        return;
+    }
     const Bitmap part = stretchedPart(source, target.width, target.height, window);
     BitBlt({target.left + window.left, target.top + window.top, part.width, part.height}, part, 0,
            0);

@@ -207,7 +207,7 @@ TEST(PictureBoxCopies, AStretchedPictureFillsItsAreaAndLeavesTheRest) {
 
 TEST(PictureBoxCopies, AStretchedPictureIsCutToThePanelOnAllSides) {
     const Bitmap source = randomPicture(40, 30, 34);
-    for (const auto& [width, height] : {std::pair{17, 13}, {90, 70}, {17, 70}}) {
+    for (const auto& [width, height] : {std::pair{17, 13}, {90, 70}, {17, 70}, {40, 30}}) {
         const Bitmap whole = stretched(source, width, height);
         TestPanel panel(9, 8);
         panel.PaintPictureStretched(source, {-3, -2, width, height});
