@@ -9,6 +9,7 @@
 #include <QTimer>
 #include <QWindow>
 
+#include "desktop/AboutBox.h"
 #include "desktop/BrowserFace.h"
 #include "desktop/ControlFace.h"
 #include "desktop/Conversions.h"
@@ -219,6 +220,13 @@ void FormWindow::showModal(dlgARRAY& dialog) {
     shown.exec();
 }
 
+void FormWindow::showModal(frmAbout& about) {
+    AboutBox shown(about, *this);
+    about_ = &shown;
+    shown.exec();
+    about_ = nullptr;
+}
+
 void FormWindow::unloaded() {
     // The dark goes with the window and is not asked: the closing refuses nothing.
     if (dimWindow_ != nullptr) {
@@ -244,6 +252,8 @@ void FormWindow::drag(Control& control) {
             surface_->beginDrag();
         return;
     }
+    if (about_ != nullptr && about_->shows(control))
+        about_->beginDrag();
     for (const auto& face : faces_)
         if (&face->control() == &control)
             face->beginDrag();

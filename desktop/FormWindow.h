@@ -15,7 +15,7 @@ class QMenuBar;
 
 namespace quillon {
 
-class BrowserFace;
+class AboutBox;
 class ControlFace;
 class DimWindow;
 class KeyPreview;
@@ -36,6 +36,7 @@ public:
     void showModal(dlgARRAY& dialog) override;
     void prepareDark() override;
     void showOwned(frmDIM& dim) override;
+    void showModal(frmAbout& about) override;
     void unloaded() override;
 
     /// A test says how the dark is shown; otherwise the desktop decides.
@@ -80,6 +81,8 @@ private:
     std::vector<std::unique_ptr<ControlFace>> faces_;
     std::vector<std::unique_ptr<ControlWatcher>> watchers_;
     std::unique_ptr<KeyPreview> keys_;
+    /// While it is open.
+    AboutBox* about_ = nullptr;
     /// What the window system was asked for last, in pixels, frame included.
     QRect asked_;
     bool frameKnown_ = false;

@@ -18,6 +18,7 @@
 #include "ui/Controls.h"
 #include "ui/MenuTable.h"
 #include "ui/dlgARRAY.h"
+#include "ui/frmAbout.h"
 #include "ui/frmDIM.h"
 #include "ui/platform_numbers.h"
 
@@ -45,6 +46,8 @@ public:
     /// Shows the dark above this window and gives it the keyboard, without
     /// waiting; loads it where it isn't loaded yet.
     virtual void showOwned(frmDIM& dim) = 0;
+    /// Shows the About box over the window and waits until it is closed.
+    virtual void showModal(frmAbout& about) = 0;
     /// The window goes and the process ends when the running handler returns.
     virtual void unloaded() = 0;
 };
@@ -275,7 +278,11 @@ public:
     /// Runs the files that File1 lists; the folder ends in a backslash.
     void RunBatch(const std::string& folder);
     void GridPatternCommand(Integer p);
+    /// Opens the help in the platform's viewer and does not wait; id is not used.
     void ShowHelp(Integer id);
+    /// A script that a page of the tutorial leads to: it sets up the lab, which is
+    /// then shown.
+    void RunTutorialScript(const std::string& path);
     /// Rolls a panel's picture with wrap-around from the copy in `mem`, by dx and
     /// dy pixels, and shows it. Both lie within one panel size.
     void ShiftPanel(Single dx, Single dy, PictureBox& pb);
@@ -328,6 +335,8 @@ private:
     void DrawHistogram();
     void histogramMouseMove(Single X, Single Y);
     void tabClick(Integer Index) override;
+    void showAbout();
+    void followLink(Integer Index);
     /// Makes the room dark around the panels or, in the Tutorial view, around the page.
     void LightOff();
     void darken();

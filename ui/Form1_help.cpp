@@ -1,8 +1,12 @@
 #include <cstdlib>
+#include <exception>
 
 #include "app/mREGISTRY.h"
 #include "engine/NumberText.h"
+#include "engine/mFFTUTIL.h"
 #include "ui/Form1.h"
+#include "ui/credits.h"
+#include "ui/frmAbout.h"
 #include "ui/setting_names.h"
 
 namespace quillon {
@@ -10,9 +14,12 @@ namespace quillon {
 namespace {
 
 constexpr Integer kFrench = 1;
+constexpr Integer kLabTab = 0;
+constexpr Integer kTutorialTab = 1;
 constexpr Integer kContentsTab = 2;
 constexpr Integer kLabView = 1;
 constexpr Integer kTutorialView = 2;
+constexpr Integer kPaperLink = 8;
 
 Integer otherOfPair(Integer index) {
     return static_cast<Integer>(std::abs(index - 1));
@@ -58,6 +65,78 @@ void Form1::tabClick(Integer Index) {
     btLUT.Visible = inLab;
     if (inTutorial)
         frLUT.Visible = false;
+}
+
+void Form1::RunTutorialScript(const std::string& path) {
+    ReadScript(path);
+    tabClick(kLabTab);
+}
+
+void Form1::ShowHelp(Integer /*id*/) {
+    desktop.shell.execute("hh.exe", helpFile, "0");
+}
+
+void Form1::itm10(Integer Index) {
+    switch (Index) {
+        case 0:
+            ShowHelp(0);
+            break;
+        case 1:
+            // Nothing is fetched or compared: the user reads the page.
+            OpenInBrowser(desktop.shell, kProductPage);
+            break;
+        case 4:
+            showAbout();
+            break;
+        default:
+            break;
+    }
+}
+
+void Form1::showAbout() {
+    frmAbout about(desktop.screen);
+    about.Form_Load();
+    if (host_ != nullptr)
+        host_->showModal(about);
+}
+
+void Form1::itm10a(Integer Index) {
+    // A page or a paper that cannot be shown is passed over in silence.
+    try {
+        // The page appears in the tutorial's pane; the paper opens outside.
+        if (Index != kPaperLink && lab.viewTab < kTutorialView)
+            tabClick(kTutorialTab);
+        followLink(Index);
+    } catch (const std::exception&) {
+        // The view stays as far as it has come.
+    }
+}
+
+void Form1::followLink(Integer Index) {
+    switch (Index) {
+        case 0:
+            ie5.Navigate2(kMakerPage);
+            break;
+        case 1:
+            ie5.Navigate2(kImageAuthorPage);
+            break;
+        case 2:
+            ie5.Navigate2(kTutorialAuthorPage);
+            break;
+        case 4:
+        case 5:
+        case 6:
+            ie5.Navigate2(lab.folders.LibPath + "Ondine" + plainText(Index - 3) + ".html");
+            break;
+        case kPaperLink:
+            desktop.shell.execute(lab.folders.DocPath + kPaperFile, "", lab.folders.DocPath);
+            break;
+        case 9:
+            ie5.Navigate2(kPaperReference);
+            break;
+        default:
+            break;
+    }
 }
 
 }  // namespace quillon

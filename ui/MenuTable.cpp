@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "ui/credits.h"
+
 namespace quillon {
 
 namespace {
@@ -123,11 +125,16 @@ constexpr MenuEntryRow kHelp[] = {
 };
 
 constexpr MenuEntryRow kLinks[] = {
-    {"Brindlewood"},        {"Images"},
-    {"Tutorial"},           {"-"},
-    {"Applet Ondine1"},     {"Applet Ondine2"},
-    {"Applet Ondine3"},     {"-"},
-    {"Wren Journal Paper"}, {"Wren Journal Reference"},
+    {kMaker},
+    {kImageAuthor},
+    {kTutorialAuthor},
+    {"-"},
+    {"Applet Ondine1"},
+    {"Applet Ondine2"},
+    {"Applet Ondine3"},
+    {"-"},
+    {"Wren Journal Paper"},
+    {"Wren Journal Reference"},
 };
 
 constexpr MenuTitleRow kTitles[] = {

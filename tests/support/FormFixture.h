@@ -52,8 +52,8 @@ private:
 
 /// The window that shows the form, as far as the form knows of it. Its calls
 /// stand in the desktop's log as "host.show()", "host.popupMenu(mnuImg1)",
-/// "host.showModal(dlgARRAY)", "host.prepareDark()", "host.showOwned(frmDIM)" and
-/// "host.unloaded()".
+/// "host.showModal(dlgARRAY)", "host.showModal(frmAbout)", "host.prepareDark()",
+/// "host.showOwned(frmDIM)" and "host.unloaded()".
 class RecordingHost : public FormHost {
     CallLog& log_;
 
@@ -74,6 +74,8 @@ public:
     std::function<void()> onPrepareDark;
     /// Where the dark is shown.
     RecordingDimHost dimHost{log_};
+    /// What the user does while the About box is open.
+    std::function<void(frmAbout&)> onShowAbout;
 
     void show() override {
         log_.add("host.show()");
@@ -101,6 +103,11 @@ public:
         log_.add("host.showOwned(" + dim.Name + ")");
         dimHost.shown = &dim;
         dim.load(dimHost);
+    }
+    void showModal(frmAbout& about) override {
+        log_.add("host.showModal(" + about.Name + ")");
+        if (onShowAbout)
+            onShowAbout(about);
     }
     void unloaded() override {
         log_.add("host.unloaded()");

@@ -69,6 +69,8 @@ TEST(MenuTable, TheCommonMenusOfferFilesScriptsOptionsAndHelp) {
     const Captions links = captionsOf(itm10a);
     ASSERT_EQ(links.size(), 10U);
     EXPECT_EQ(links[0], "Brindlewood");
+    EXPECT_EQ(links[1], "Co-author (images)");
+    EXPECT_EQ(links[2], "Co-author (tutorial)");
     EXPECT_EQ(links[3], "-");
     EXPECT_EQ(links[4], "Applet Ondine1");
     EXPECT_EQ(links[5], "Applet Ondine2");
