@@ -14,11 +14,11 @@ target_include_directories(quillon_options INTERFACE
 
 # quillon_library(NAME [FOLDERS folder...] [LINK library...]): a static library
 # of all sources in the given folders of the project (by default the current
-# one) and their sub-folders. Kernels named for an instruction set are compiled
-# for it, and only they are; they are vectors already, which a vectoriser can only
-# shuffle. Kernels named rows are plain loops that it shall make vectors of. Of the
-# two settings that let it neither changes a bit: they say that errors are looked
-# for in the results.
+# one) and their sub-folders; web_pane/ is a module of its own. Kernels named for
+# an instruction set are compiled for it, and only they are; they are vectors
+# already, which a vectoriser can only shuffle. Kernels named rows are plain loops
+# that it shall make vectors of. Of the two settings that let it neither changes a
+# bit: they say that errors are looked for in the results.
 function(quillon_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FOLDERS;LINK")
   if(NOT arg_FOLDERS)
@@ -30,7 +30,7 @@ function(quillon_library name)
       ${CMAKE_SOURCE_DIR}/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/${folder}/*.h)
     list(APPEND sources ${found})
   endforeach()
-  list(FILTER sources EXCLUDE REGEX "main\\.cpp$")
+  list(FILTER sources EXCLUDE REGEX "main\\.cpp$|/web_pane/")
   if(NOT sources)
     add_library(${name} INTERFACE)
     target_link_libraries(${name} INTERFACE quillon_options ${arg_LINK})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QObject>
 #include <memory>
 
 #include "desktop/BrowserPane.h"
@@ -9,11 +10,14 @@ class QWidget;
 
 namespace quillon {
 
+class Form1;
+
 /// Shows the tutorial's pane when the control is first visible, and sends it to
-/// the page that was asked for last.
-class BrowserFace : public ControlWatcher {
+/// the page that was asked for last. A script that a page leads to goes to the
+/// window's object.
+class BrowserFace : public QObject, public ControlWatcher {
 public:
-    BrowserFace(Browser& browser, QWidget& parent, BrowserPaneMaker maker);
+    BrowserFace(Form1& form, Browser& browser, QWidget& parent, BrowserPaneMaker maker);
     BrowserFace(const BrowserFace&) = delete;
     BrowserFace& operator=(const BrowserFace&) = delete;
     ~BrowserFace() override;
@@ -22,8 +26,12 @@ public:
     void showNow(Control& control) override { stale(control); }
 
 private:
-    void makePane();
+    void take(std::unique_ptr<BrowserPane> pane);
+    void followState();
+    /// A pane that has broken down makes room for the plain reader.
+    void replaceBroken();
 
+    Form1& form_;
     Browser& browser_;
     QWidget& parent_;
     BrowserPaneMaker maker_;

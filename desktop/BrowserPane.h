@@ -2,8 +2,8 @@
 
 #include <functional>
 #include <memory>
-#include <string>
 
+class QUrl;
 class QWidget;
 
 namespace quillon {
@@ -12,11 +12,17 @@ namespace quillon {
 class BrowserPane {
 public:
     virtual ~BrowserPane() = default;
-    /// The pane's widget; its parent owns it.
+    /// The pane's widget; its parent owns it too.
     virtual QWidget& widget() = 0;
-    /// Shows a page: an address of the web, or the path of a file as the lab
-    /// writes it. A page that is not there shows as the pane shows such a page.
-    virtual void navigate(const std::string& address) = 0;
+    /// Shows a page, of a file or of the web. A page that is not there shows as
+    /// the pane shows such a page.
+    virtual void navigate(const QUrl& page) = 0;
+
+    /// Called when the user has chosen a link of a local page to a script; the
+    /// page stays.
+    std::function<void(const QUrl& script)> onScript;
+    /// Called when the pane has broken down and shows nothing any more.
+    std::function<void()> onBroken;
 };
 
 /// Makes the pane inside a parent, when it is first to be seen.
@@ -25,5 +31,13 @@ using BrowserPaneMaker = std::function<std::unique_ptr<BrowserPane>(QWidget& par
 /// A plain reader of pages without scripts. Addresses of the web open in the
 /// user's own browser.
 std::unique_ptr<BrowserPane> makeTextBrowserPane(QWidget& parent);
+
+/// A full browser, from the module that is loaded when one is first wanted:
+/// nothing of the engine is in the process before. Nothing where the module or
+/// the engine is not there or cannot work here.
+std::unique_ptr<BrowserPane> makeWebPane(QWidget& parent);
+
+/// The full browser, or the plain reader where that is not to be had.
+std::unique_ptr<BrowserPane> makeBrowserPane(QWidget& parent);
 
 }  // namespace quillon

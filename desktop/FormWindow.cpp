@@ -160,7 +160,7 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
                                                             [this] { form_.Timer1_Timer(); }));
             break;
         case ControlKind::Browser:
-            watchers_.push_back(std::make_unique<BrowserFace>(static_cast<Browser&>(control),
+            watchers_.push_back(std::make_unique<BrowserFace>(form_, static_cast<Browser&>(control),
                                                               parent, std::move(browser)));
             break;
         case ControlKind::FileList:

@@ -27,7 +27,7 @@ class QtScreen;
 /// window's object. The object outlives it.
 class FormWindow : public QWidget, public FormHost {
 public:
-    FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser = makeTextBrowserPane);
+    FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser);
     ~FormWindow() override;
 
     // FormHost

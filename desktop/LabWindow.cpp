@@ -4,7 +4,7 @@ namespace quillon {
 
 void LabWindow::openMainWindow(const Folders& folders) {
     form_ = std::make_unique<Form1>(desktop_, folders);
-    window_ = std::make_unique<FormWindow>(*form_, screen_);
+    window_ = std::make_unique<FormWindow>(*form_, screen_, browser_);
     if (owned_ != nullptr)
         owned_->setOwner(window_.get());
     form_->Form_Load();

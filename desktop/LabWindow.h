@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "app/Main.h"
 #include "desktop/FormWindow.h"
@@ -14,8 +15,10 @@ namespace quillon {
 class LabWindow : public MainWindowOpener {
 public:
     /// @param owned dialogs that belong to the window once it is there; may be none
-    LabWindow(Desktop& desktop, QtScreen& screen, QtDialogs* owned)
-        : desktop_(desktop), screen_(screen), owned_(owned) {}
+    /// @param browser makes the tutorial's pane
+    LabWindow(Desktop& desktop, QtScreen& screen, QtDialogs* owned,
+              BrowserPaneMaker browser = makeBrowserPane)
+        : desktop_(desktop), screen_(screen), owned_(owned), browser_(std::move(browser)) {}
 
     void openMainWindow(const Folders& folders) override;
 
@@ -30,6 +33,7 @@ private:
     Desktop& desktop_;
     QtScreen& screen_;
     QtDialogs* owned_;
+    BrowserPaneMaker browser_;
     std::unique_ptr<Form1> form_;
     std::unique_ptr<FormWindow> window_;
 };

@@ -1,37 +1,80 @@
+#include <QAction>
 #include <QDesktopServices>
+#include <QMouseEvent>
+#include <QPointer>
 #include <QTextBrowser>
-#include <QUrl>
 
 #include "desktop/BrowserPane.h"
-#include "desktop/Conversions.h"
+#include "desktop/page_links.h"
 
 namespace quillon {
 
 namespace {
 
-bool isWebAddress(const QUrl& url) {
-    return url.scheme() == QStringLiteral("http") || url.scheme() == QStringLiteral("https");
-}
+/// The toolkit's reader goes back and forward by the keyboard alone; here the
+/// buttons of the mouse do it too.
+class PageReader : public QTextBrowser {
+public:
+    explicit PageReader(QWidget& parent) : QTextBrowser(&parent) {
+        setContextMenuPolicy(Qt::ActionsContextMenu);
+        auto* back = new QAction(tr("Back"), this);
+        auto* forward = new QAction(tr("Forward"), this);
+        back->setEnabled(false);
+        forward->setEnabled(false);
+        connect(back, &QAction::triggered, this, &QTextBrowser::backward);
+        connect(forward, &QAction::triggered, this, &QTextBrowser::forward);
+        connect(this, &QTextBrowser::backwardAvailable, back, &QAction::setEnabled);
+        connect(this, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
+        auto* copy = new QAction(tr("Copy"), this);
+        copy->setEnabled(false);
+        connect(copy, &QAction::triggered, this, &QTextEdit::copy);
+        connect(this, &QTextEdit::copyAvailable, copy, &QAction::setEnabled);
+        addActions({back, forward, copy});
+    }
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::BackButton)
+            backward();
+        else if (event->button() == Qt::ForwardButton)
+            forward();
+        else
+            QTextBrowser::mouseReleaseEvent(event);
+    }
+};
 
 class TextBrowserPane : public BrowserPane {
 public:
-    explicit TextBrowserPane(QWidget& parent) : browser_(new QTextBrowser(&parent)) {
-        browser_->setOpenExternalLinks(true);
+    explicit TextBrowserPane(QWidget& parent) : reader_(new PageReader(parent)) {
+        reader_->setOpenLinks(false);
+        QObject::connect(reader_, &QTextBrowser::anchorClicked, reader_,
+                         [this](const QUrl& link) { follow(link); });
     }
+    TextBrowserPane(const TextBrowserPane&) = delete;
+    TextBrowserPane& operator=(const TextBrowserPane&) = delete;
+    ~TextBrowserPane() override { delete reader_; }
 
-    QWidget& widget() override { return *browser_; }
+    QWidget& widget() override { return *reader_; }
 
-    void navigate(const std::string& address) override {
-        const QUrl url(toQString(address));
-        if (isWebAddress(url))
-            QDesktopServices::openUrl(url);
+    void navigate(const QUrl& page) override {
+        if (isWebAddress(page))
+            QDesktopServices::openUrl(page);
+        else if (reader_->source() == page)
+            reader_->reload();
         else
-            browser_->setSource(QUrl::fromLocalFile(toNativePath(address)),
-                                QTextDocument::HtmlResource);
+            reader_->setSource(page, QTextDocument::HtmlResource);
     }
 
 private:
-    QTextBrowser* browser_;
+    void follow(const QUrl& link) {
+        const QUrl target = reader_->source().resolved(link);
+        if (!isScript(target))
+            navigate(target);
+        else if (onScript)
+            onScript(target);
+    }
+
+    QPointer<PageReader> reader_;
 };
 
 }  // namespace

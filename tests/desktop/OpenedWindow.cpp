@@ -38,7 +38,8 @@ OpenedWindow::OpenedWindow(Questions questions)
 void OpenedWindow::open() {
     const bool real = &desktop.dialogs == &services.dialogs;
     services.dialogs.setOwner(nullptr);
-    lab = std::make_unique<LabWindow>(desktop, services.screen, real ? &services.dialogs : nullptr);
+    lab = std::make_unique<LabWindow>(desktop, services.screen, real ? &services.dialogs : nullptr,
+                                      browser);
     Main(desktop, *lab);
     settle();
 }

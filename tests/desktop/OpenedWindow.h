@@ -76,6 +76,8 @@ protected:
     RecordingDesktop recording;
     QtDesktop services{FileDialogStyle::Toolkit};
     Desktop desktop;
+    /// The tutorial's pane of the next opening.
+    BrowserPaneMaker browser = makeTextBrowserPane;
     std::unique_ptr<LabWindow> lab;
 };
 

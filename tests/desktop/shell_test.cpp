@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,30 +7,10 @@
 
 #include "desktop/Conversions.h"
 #include "desktop/QtShell.h"
+#include "tests/desktop/UrlCatcher.h"
 
 namespace quillon {
 namespace {
-
-/// Takes the place of the desktop's handler of files and addresses.
-class UrlCatcher : public QObject {
-    Q_OBJECT
-public:
-    UrlCatcher() {
-        for (const QString& scheme : schemes())
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-    ~UrlCatcher() override {
-        for (const QString& scheme : schemes())
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl& url) { opened << url; }
-
-private:
-    static QStringList schemes() { return {QStringLiteral("file"), QStringLiteral("https")}; }
-};
 
 class ShellService : public ::testing::Test {
 protected:
@@ -90,5 +69,3 @@ TEST_F(ShellService, AProgramThatIsNotThereIsPassedOver) {
 
 }  // namespace
 }  // namespace quillon
-
-#include "shell_test.moc"

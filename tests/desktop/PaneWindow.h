@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QFile>
+#include <QImage>
+#include <QTest>
+#include <QUrl>
+
+#include "desktop/Conversions.h"
+#include "tests/desktop/OpenedWindow.h"
+
+namespace quillon {
+
+enum class PaneKind { Browser, Reader };
+
+/// The window with a pane of one kind, and pages that a test writes. The
+/// browser's own properties are read by their names: the tests do not link it.
+class PaneWindow : public OpenedWindow {
+protected:
+    void SetUp() override {}
+    /// Opens the window with the Tutorial on show.
+    void openWith(PaneKind kind) {
+        kind_ = kind;
+        browser = kind == PaneKind::Browser ? makeBrowserPane : makeTextBrowserPane;
+        open();
+    }
+    void showTutorial() { click(widget("lbTAB(1)")); }
+
+    QString pathOf(const char* name) const { return home.filePath(QString::fromLatin1(name)); }
+    void write(const char* name, const QByteArray& bytes) const {
+        QFile file(pathOf(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+    }
+    /// A page whose first line is a link as large as a hand.
+    void writePage(const char* name, const QByteArray& title, const QByteArray& link = "none.htm",
+                   const QByteArray& rest = "") const {
+        write(name, "<!doctype html><html><head><meta charset='utf-8'><title>" + title +
+                        "</title></head><body style='margin:0' bgcolor='#204060'>"
+                        "<p style='font-size:60px; margin:0'><a href='" +
+                        link + "'>LINKLINKLINK</a></p>" + rest + "</body></html>");
+    }
+    void navigate(const char* name) { form().ie5.Navigate2(toBytes(pathOf(name))); }
+
+    QWidget& pane() { return widget("ie5"); }
+    QUrl pageShown() {
+        return pane().property(kind_ == PaneKind::Browser ? "url" : "source").toUrl();
+    }
+    QString titleShown() {
+        return pane().property(kind_ == PaneKind::Browser ? "title" : "documentTitle").toString();
+    }
+    static bool wait(const std::function<bool()>& until) {
+        constexpr int kLimitMilliseconds = 30000;
+        return QTest::qWaitFor(until, kLimitMilliseconds);
+    }
+    /// Waits for a page, and with the browser for its picture.
+    bool waitForPage(const char* title) {
+        return wait([&] {
+            if (titleShown() != QString::fromLatin1(title))
+                return false;
+            return kind_ == PaneKind::Reader ||
+                   pane().grab().toImage().pixelColor(pane().width() / 2, pane().height() - 50) ==
+                       QColor(0x20, 0x40, 0x60);
+        });
+    }
+    void clickLink() {
+        press(pane(), {100, 50});
+        release(pane(), {100, 50});
+    }
+    void key(Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(window().windowHandle(), code, modifiers);
+        settle();
+    }
+
+    PaneKind kind_ = PaneKind::Reader;
+};
+
+}  // namespace quillon

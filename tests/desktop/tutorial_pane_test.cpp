@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QTextBrowser>
+
+#include "tests/desktop/PaneWindow.h"
+#include "tests/desktop/UrlCatcher.h"
+
+namespace quillon {
+namespace {
+
+/// What both panes do alike.
+class TutorialPane : public PaneWindow, public ::testing::WithParamInterface<PaneKind> {
+protected:
+    void SetUp() override {
+#ifndef QUILLON_HAS_WEB_PANE
+        if (GetParam() == PaneKind::Browser)
+            GTEST_SKIP() << "built without the browser";
+#endif
+        writePage("first.htm", "First", "second.htm");
+        writePage("second.htm", "Second", "low pass.ftscr");
+        write("low pass.ftscr", "TOP\r\nLOWPASS 20\r\n");
+        openWith(GetParam());
+    }
+    void showFirst() {
+        showTutorial();
+        navigate("first.htm");
+        ASSERT_TRUE(waitForPage("First"));
+    }
+    void followToSecond() {
+        clickLink();
+        ASSERT_TRUE(waitForPage("Second"));
+    }
+    bool paneIsThere() {
+        return window().findChild<QWidget*>(QStringLiteral("ie5")) != nullptr;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Kinds, TutorialPane,
+                         ::testing::Values(PaneKind::Browser, PaneKind::Reader),
+                         [](const auto& kind) {
+                             return kind.param == PaneKind::Browser ? "Browser" : "Reader";
+                         });
+
+TEST_P(TutorialPane, IsMadeWhenItIsFirstSeenAndGoesStraightToTheLastPage) {
+    EXPECT_FALSE(paneIsThere());
+    form().itmOpt1(1);
+    navigate("second.htm");
+    navigate("first.htm");
+    settle();
+    EXPECT_FALSE(paneIsThere());
+    showTutorial();
+    ASSERT_TRUE(paneIsThere());
+    EXPECT_TRUE(waitForPage("First"));
+    EXPECT_TRUE(pane().isVisible());
+    EXPECT_EQ(pane().geometry(), placeOf(form().ie5));
+    QWidget* made = &pane();
+    click(widget("lbTAB(0)"));
+    EXPECT_FALSE(pane().isVisible());
+    showTutorial();
+    EXPECT_EQ(&pane(), made);
+}
+
+TEST_P(TutorialPane, IsTheKindAskedFor) {
+    showTutorial();
+    EXPECT_EQ(pane().inherits("QWebEngineView"), GetParam() == PaneKind::Browser);
+    EXPECT_EQ(pane().inherits("QTextBrowser"), GetParam() == PaneKind::Reader);
+}
+
+TEST_P(TutorialPane, SaysItsNameToAScreenReader) {
+    showTutorial();
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&pane());
+    ASSERT_NE(interface, nullptr);
+    EXPECT_EQ(interface->text(QAccessible::Name), QStringLiteral("Tutorial"));
+}
+
+TEST_P(TutorialPane, FollowsALinkAndGoesBackAndForwardByTheKeyboard) {
+    showFirst();
+    followToSecond();
+    key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(waitForPage("First"));
+    key(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_TRUE(waitForPage("Second"));
+}
+
+TEST_P(TutorialPane, GoesBackAndForwardByTheMouse) {
+    showFirst();
+    followToSecond();
+    for (const auto& [button, title] :
+         {std::pair(Qt::BackButton, "First"), std::pair(Qt::ForwardButton, "Second")}) {
+        press(pane(), {200, 300}, button);
+        release(pane(), {200, 300}, button);
+        EXPECT_TRUE(waitForPage(title));
+    }
+}
+
+TEST_P(TutorialPane, KeepsPageAndHistoryThroughTheLab) {
+    showFirst();
+    followToSecond();
+    click(widget("lbTAB(0)"));
+    showTutorial();
+    EXPECT_EQ(pageShown(), QUrl::fromLocalFile(pathOf("second.htm")));
+    key(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_TRUE(waitForPage("First"));
+}
+
+TEST_P(TutorialPane, LoadsThePageOfALanguageWhileItIsHidden) {
+    showFirst();
+    click(widget("lbTAB(0)"));
+    form().itmOpt1(1);
+    EXPECT_TRUE(
+        wait([&] { return pageShown().path().endsWith(QStringLiteral("/doc/fr/sommaire.htm")); }));
+    EXPECT_FALSE(pane().isVisible());
+    EXPECT_EQ(form().lab.viewTab, 1);
+}
+
+TEST_P(TutorialPane, TheContentsTabLeadsToTheStartPageOfTheLanguage) {
+    showFirst();
+    click(widget("lbTAB(2)"));
+    EXPECT_TRUE(
+        wait([&] { return pageShown().path().endsWith(QStringLiteral("/doc/en/summary.htm")); }));
+    EXPECT_TRUE(pane().isVisible());
+    form().itmOpt1(1);
+    navigate("first.htm");
+    click(widget("lbTAB(2)"));
+    EXPECT_TRUE(
+        wait([&] { return pageShown().path().endsWith(QStringLiteral("/doc/fr/sommaire.htm")); }));
+}
+
+TEST_P(TutorialPane, AsksForTheSamePageAgain) {
+    showFirst();
+    writePage("first.htm", "Changed");
+    navigate("first.htm");
+    EXPECT_TRUE(waitForPage("Changed"));
+}
+
+TEST_P(TutorialPane, HandsAScriptToTheLabAndShowsTheLab) {
+    showFirst();
+    followToSecond();
+    ASSERT_FALSE(form().menu(MenuArray::mnuFT1a, 10).Checked);
+    clickLink();
+    ASSERT_TRUE(wait([&] { return form().lab.viewTab == 1; }));
+    settle();
+    EXPECT_TRUE(form().menu(MenuArray::mnuFT1a, 10).Checked);
+    EXPECT_TRUE(form().lab.channel1.bLowpass);
+    EXPECT_EQ(form().shp1(0).Height, 41);
+    EXPECT_TRUE(widget("frt1").isVisible());
+    EXPECT_FALSE(pane().isVisible());
+    // The page that led there is there again.
+    showTutorial();
+    EXPECT_EQ(pageShown(), QUrl::fromLocalFile(pathOf("second.htm")));
+}
+
+TEST_P(TutorialPane, AMissingScriptIsToldByTheReaderOfScriptsAlone) {
+    writePage("first.htm", "First", "missing.FTSCR");
+    showFirst();
+    clickLink();
+    ASSERT_TRUE(wait([&] { return form().lab.viewTab == 1; }));
+    EXPECT_EQ(pageShown(), QUrl::fromLocalFile(pathOf("first.htm")));
+}
+
+TEST_P(TutorialPane, HasTheKeyboardWhenItAppearsAndTheWindowStillSeesEveryKey) {
+    showFirst();
+    QWidget* focus = window().focusWidget();
+    ASSERT_NE(focus, nullptr);
+    EXPECT_TRUE(focus == &pane() || pane().isAncestorOf(focus));
+    for (const Qt::Key recalculates : {Qt::Key_Return, Qt::Key_Space}) {
+        form().pb3.Tag = "3D";
+        key(recalculates);
+        EXPECT_NE(form().pb3.Tag, "3D");
+    }
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(form().bStopBatch);
+}
+
+TEST_P(TutorialPane, ALetterLIsALetter) {
+    showFirst();
+    form().ShowStatus(2, "kept");
+    key(Qt::Key_L);
+    key(Qt::Key_L, Qt::ShiftModifier);
+    EXPECT_EQ(form().lbSTB(2).Caption.get(), "kept");
+    EXPECT_NE(form().Tag, "DIM");
+}
+
+TEST_P(TutorialPane, GivesTheKeyboardBackToTheLab) {
+    showFirst();
+    click(widget("lbTAB(0)"));
+    QWidget* focus = window().focusWidget();
+    EXPECT_TRUE(focus == nullptr || (focus != &pane() && !pane().isAncestorOf(focus)));
+    form().pb3.Tag = "3D";
+    key(Qt::Key_Return);
+    EXPECT_NE(form().pb3.Tag, "3D");
+}
+
+TEST_P(TutorialPane, FollowsTheWindowsSize) {
+    showFirst();
+    window().resize(1100, 800);
+    settle();
+    EXPECT_EQ(pane().geometry(), placeOf(form().ie5));
+    EXPECT_EQ(pane().width(), window().width() - 12);
+}
+
+TEST_P(TutorialPane, AMissingPageIsThePanesOwnMatter) {
+    showFirst();
+    navigate("nowhere.htm");
+    EXPECT_TRUE(wait([&] { return pageShown() == QUrl::fromLocalFile(pathOf("nowhere.htm")); }));
+    EXPECT_TRUE(pane().isVisible());
+    EXPECT_EQ(form().lab.viewTab, 2);
+}
+
+class PlainReader : public PaneWindow {};
+
+TEST_F(PlainReader, SendsPagesOfTheWebToTheUsersBrowserAndKeepsItsOwn) {
+    const UrlCatcher catcher;
+    openWith(PaneKind::Reader);
+    writePage("first.htm", "First", "https://www.brindlewood.example/a");
+    showTutorial();
+    navigate("first.htm");
+    ASSERT_TRUE(waitForPage("First"));
+    clickLink();
+    form().itm10a(0);
+    EXPECT_EQ(catcher.opened,
+              (QList<QUrl>{QUrl(QStringLiteral("https://www.brindlewood.example/a")),
+                           QUrl(QStringLiteral("https://www.brindlewood.example/"))}));
+    EXPECT_EQ(titleShown(), QStringLiteral("First"));
+}
+
+}  // namespace
+}  // namespace quillon
