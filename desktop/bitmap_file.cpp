@@ -103,10 +103,13 @@ std::string bitmapFile(const Bitmap& picture) {
     std::string bytes =
         header(static_cast<std::uint32_t>(picture.width), static_cast<std::uint32_t>(height),
                static_cast<std::uint32_t>(rowBytes * height));
-    bytes.resize(kHeaderBytes + rowBytes * height);
-    for (std::size_t row = 0; row < height; ++row)
-        putRow(picture.row(static_cast<int>(row)),
-               bytes.data() + kHeaderBytes + (height - 1 - row) * rowBytes);
+    bytes.reserve(kHeaderBytes + rowBytes * height);
+    // Row by row through a short line: a long string would first be filled with zeros.
+    std::string line(rowBytes, '\0');
+    for (int row = picture.height - 1; row >= 0; --row) {
+        putRow(picture.row(row), line.data());
+        bytes += line;
+    }
     return bytes;
 }
 
