@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -17,9 +18,9 @@ constexpr Long kTopOfBackRow = 90;
 
 /// Every point of the spectrum as the panel shows it, w points a row.
 struct Points {
-    std::vector<PixelWord> words;
+    std::span<PixelWord> words;
     /// Grey levels, 0 to 255.
-    std::vector<std::uint8_t> levels;
+    std::span<std::uint8_t> levels;
 };
 
 /// The panel columns of a row's points: half a pixel further left with each row,
@@ -84,9 +85,8 @@ void paintRelief(const Points& points, Long w, Long h, std::span<PixelWord> canv
     const auto length = static_cast<std::size_t>(w);
     for (Long r = h - 1; r >= 0; --r) {
         const std::size_t start = static_cast<std::size_t>(r) * length;
-        paintRow(std::span(points.words).subspan(start, length),
-                 std::span(points.levels).subspan(start, length), Columns(r),
-                 halved(2 * kTopOfBackRow + r), ground);
+        paintRow(points.words.subspan(start, length), points.levels.subspan(start, length),
+                 Columns(r), halved(2 * kTopOfBackRow + r), ground);
     }
 }
 
@@ -100,7 +100,10 @@ void clComplexImage::draw3DFT() {
         if (!spectrumPasses.measure(ftData, nfftX, nfftY, look))
             return;
         const std::size_t count = static_cast<std::size_t>(nfftX) * static_cast<std::size_t>(nfftY);
-        Points points{std::vector<PixelWord>(count), std::vector<std::uint8_t>(count)};
+        // Every point is written before it is read, so none needs a first value.
+        const auto words = std::make_unique_for_overwrite<PixelWord[]>(count);
+        const auto levels = std::make_unique_for_overwrite<std::uint8_t[]>(count);
+        const Points points{{words.get(), count}, {levels.get(), count}};
         spectrumPasses.paint(look, ftIndex, points.words);
         spectrumPasses.paintLevels(look, points.levels);
         PictureBox& panel = bound(pbNEW);
