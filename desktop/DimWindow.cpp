@@ -170,13 +170,18 @@ void DimWindow::setWindowRegion(const PixelRect& whole, const PixelRect& hole) {
     cutHole();
 }
 
+QPoint DimWindow::origin() const {
+    // A window's own place is right also while the window system has yet to
+    // bring it there.
+    return isChild() ? mapToGlobal(QPoint(0, 0)) : geometry().topLeft();
+}
+
 void DimWindow::cutHole() {
     if (whole_.isEmpty())
         return;
     // The hole is given on the screen. It lies there also where the window does
     // not begin at the screen's corner.
-    const QPoint origin = mapToGlobal(QPoint(0, 0));
-    const QRegion rest = QRegion(whole_) - hole_.translated(-origin);
+    const QRegion rest = QRegion(whole_) - hole_.translated(-origin());
     // An empty mask would mean none, and cover what is to be seen.
     setMask(rest.isEmpty() ? QRegion(-1, -1, 1, 1) : rest);
     takeState();
@@ -194,7 +199,7 @@ void DimWindow::stale(Control& /*control*/) {
 
 void DimWindow::takeState() {
     setCursor(pointerOf(dim_.MousePointer, dim_.MouseIcon));
-    menu_->setGeometry(placeOf(dim_.fr).translated(-mapToGlobal(QPoint(0, 0))));
+    menu_->setGeometry(placeOf(dim_.fr).translated(-origin()));
     menu_->setVisible(dim_.fr.Visible);
     for (Integer i = 0; i < frmDIM::kLabels; ++i) {
         const Label& state = dim_.lb(i);
@@ -221,8 +226,7 @@ void DimWindow::takeState() {
 void DimWindow::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     if (means_ == DarkMeans::PaintedScreen)
-        painter.drawPixmap(owner_.screen()->geometry().topLeft() - mapToGlobal(QPoint(0, 0)),
-                           screen_);
+        painter.drawPixmap(owner_.screen()->geometry().topLeft() - origin(), screen_);
     const int alpha = means_ == DarkMeans::WindowOpacity ? kOpaque : alpha_;
     painter.fillRect(rect(), QColor(0, 0, 0, alpha));
 }

@@ -61,6 +61,8 @@ private:
     /// The dark's controls are left to the next window.
     void release();
     void cover();
+    /// Of the dark on the screen.
+    QPoint origin() const;
     /// Whoever gets the keyboard while the light is off, by a click in the hole
     /// or at the end of a dialog, gives it back to the dark.
     void keepKeyboard();

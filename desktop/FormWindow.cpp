@@ -94,6 +94,8 @@ FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser)
     for (Control* control : form_.controls())
         build(form_.rowOf(*control), *control, browser);
     keys_ = std::make_unique<KeyPreview>(form_, *this);
+    brightAgain_.setSingleShot(true);
+    connect(&brightAgain_, &QTimer::timeout, this, [this] { setUpdatesEnabled(true); });
     screen_.setDragger([this](Control& control) { drag(control); });
     form_.setHost(this);
 }

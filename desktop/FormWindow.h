@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -93,6 +94,8 @@ private:
     /// The dark while it is there; a child of this window in the toolkit's sense.
     DimWindow* dimWindow_ = nullptr;
     Qt::WindowStates stateBeforeDark_;
+    /// Shows the window where its size does not change at the end of the dark.
+    QTimer brightAgain_;
 };
 
 }  // namespace quillon

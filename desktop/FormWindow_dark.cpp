@@ -1,6 +1,5 @@
 #include <QCoreApplication>
 #include <QScreen>
-#include <QTimer>
 #include <utility>
 
 #include "desktop/DimWindow.h"
@@ -18,6 +17,7 @@ void FormWindow::prepareDark() {
     if (darkMeans_ != DarkMeans::PaintedChild)
         return;
     stateBeforeDark_ = windowState();
+    brightAgain_.stop();
     // The bright window is not seen on the whole screen, neither now nor when
     // the light goes on: in a dark room that would be a flash.
     setUpdatesEnabled(false);
@@ -54,7 +54,7 @@ void FormWindow::leaveDark() {
 void FormWindow::leaveWholeScreen() {
     constexpr int kLimitMilliseconds = 500;
     setUpdatesEnabled(false);
-    QTimer::singleShot(kLimitMilliseconds, this, [this] { setUpdatesEnabled(true); });
+    brightAgain_.start(kLimitMilliseconds);
     setWindowState(stateBeforeDark_);
 }
 

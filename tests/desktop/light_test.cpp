@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
+#include <vector>
 
 #include "desktop/Conversions.h"
 #include "desktop/DarkMeans.h"
@@ -137,6 +138,52 @@ TEST_F(LightInTheWindow, FadesByTheWindowsOpacity) {
     fadeIn();
     EXPECT_EQ(dark()->windowOpacity(), 1);
     EXPECT_EQ(dark()->grab().toImage().pixel(5, 5) & 0xFFFFFFU, 0U);
+    fadeOut();
+}
+
+TEST_F(LightInTheWindow, ShowsEveryStepOfBothFades) {
+    const std::vector<int> in = {20, 40, 60, 80, 100, 120, 140, 160, 180, 200, 220, 240, 255};
+    const std::vector<int> out = {215, 175, 135, 95, 55, 15};
+    const auto step = [this] {
+        form().dim.Timer1_Timer();
+        // The child paints its black, here over the menu bar's corner.
+        if (dark()->isWindow())
+            return qRound(dark()->windowOpacity() * 255);
+        QImage corner(1, 1, QImage::Format_ARGB32_Premultiplied);
+        corner.fill(Qt::transparent);
+        dark()->render(&corner, QPoint(), QRegion(2, 2, 1, 1), QWidget::RenderFlags());
+        return corner.pixelColor(0, 0).alpha();
+    };
+    for (const DarkMeans means : {DarkMeans::WindowOpacity, DarkMeans::PaintedChild}) {
+        window().setDarkMeans(means);
+        form().Click(form().imgDIM);
+        form().dim.Timer1.Enabled = false;
+        for (const int shown : in)
+            EXPECT_EQ(step(), shown);
+        form().dim.unload();
+        form().dim.Timer1.Enabled = false;
+        for (const int shown : out)
+            EXPECT_EQ(step(), shown);
+        form().dim.Timer1_Timer();
+        EXPECT_EQ(dark(), nullptr) << "its seventh step is the end";
+    }
+}
+
+TEST_F(LightInTheWindow, TheHoleStaysOnTheScreenWhereTheDarkDoesNotBeginAtItsCorner) {
+    lightOff(DarkMeans::WindowOpacity);
+    fadeIn();
+    dark()->setGeometry(40, 30, 1200, 900);
+    settle();
+    ASSERT_EQ(dark()->pos(), QPoint(40, 30));
+    const HoleRect& cut = form().holeRect;
+    // Each edge is rounded by itself, halves to the even pixel.
+    const auto pixels = [](Single twips) { return toLong(twips / kTwipsPerPixel); };
+    const QRect onScreen(
+        QPoint(pixels(cut.Left), pixels(cut.Top)),
+        QPoint(pixels(cut.Left + cut.Width) - 1, pixels(cut.Top + cut.Height) - 1));
+    EXPECT_EQ(dark()->mask(), QRegion(dark()->rect()) - onScreen.translated(-40, -30));
+    const QWidget& menu = *dark()->findChild<QWidget*>(QStringLiteral("fr"));
+    EXPECT_EQ(menu.pos() + QPoint(40, 30), onScreen.topLeft() - QPoint(0, 30));
     fadeOut();
 }
 
