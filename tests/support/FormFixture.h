@@ -72,6 +72,8 @@ public:
     std::function<void(dlgARRAY&)> onShowModal;
     /// What the window does when the light is about to go off.
     std::function<void()> onPrepareDark;
+    /// Who looks on when the dark has been shown.
+    std::function<void()> onShowOwned;
     /// Where the dark is shown.
     RecordingDimHost dimHost{log_};
     /// What the user does while the About box is open.
@@ -103,6 +105,8 @@ public:
         log_.add("host.showOwned(" + dim.Name + ")");
         dimHost.shown = &dim;
         dim.load(dimHost);
+        if (onShowOwned)
+            onShowOwned();
     }
     void showModal(frmAbout& about) override {
         log_.add("host.showModal(" + about.Name + ")");

@@ -87,8 +87,13 @@ TEST_F(Light, OffTakesTheDimmedPairOfTheScheme) {
 }
 
 TEST_F(Light, OffKeepsTheColoursInTheTutorialView) {
+    form.lab.channel1.file.clear();
+    const Bitmap spectrum1 = form.pb2.Image();
+    const ColorValue behind = form.pb2.BackColor();
     showTutorial();
     lightOff();
+    EXPECT_EQ(form.pb2.Image(), spectrum1);
+    EXPECT_EQ(form.pb2.BackColor(), behind);
     for (const Control* ground : grounds())
         EXPECT_EQ(ground->BackColor(), color(0)) << ground->Name;
     for (Integer panel = 1; panel <= 6; ++panel)
@@ -112,6 +117,7 @@ TEST_F(Light, OffMergesThePanelsOfAChannelWithoutAFileWithTheDark) {
         form.lab.channel1.file = "a.bmp";
         form.lab.channel2.file = "b.bmp";
         channel(which).file.clear();
+        const Bitmap drawn = image(which).Image();
         const Channel other = which == Channel::One ? Channel::Two : Channel::One;
         const Bitmap kept = spectrum(other).Image();
         const Bitmap keptToo = reconstruction(other).Image();
@@ -122,6 +128,7 @@ TEST_F(Light, OffMergesThePanelsOfAChannelWithoutAFileWithTheDark) {
         EXPECT_EQ(spectrum(which).BackColor(), RGB(93, 93, 93));
         EXPECT_EQ(spectrum(other).Image(), kept);
         EXPECT_EQ(reconstruction(other).Image(), keptToo);
+        EXPECT_EQ(image(which).Image(), drawn);
         lightOn();
     }
 }
@@ -135,8 +142,12 @@ TEST_F(Light, OffShowsTheDarkAfterItsOwnLookAndBeforeTheTag) {
         form.resized(1920 * 15, 1060 * 15);
         desktop.log.clear();
     };
+    std::string tagWhenShown = "never shown";
+    host.onShowOwned = [&] { tagWhenShown = form.Tag; };
     lightOff();
     EXPECT_TRUE(prepared);
+    EXPECT_EQ(tagWhenShown, "");
+    EXPECT_EQ(form.Tag, "DIM");
     EXPECT_EQ(form.holeRect.Top, form.frt1.Top + 20 * 15 - 3 * 15);
     EXPECT_LT(placeOf("stale fr1"), desktop.log.size());
     EXPECT_LT(placeOf("stale fr1"), placeOf("stale stb"));
@@ -191,6 +202,27 @@ TEST_F(Light, OnTakesTheColourOfEachChannelsSpectrumFrameForItsIntensityControls
     EXPECT_EQ(form.lbBR1(1).ForeColor, RGB(1, 1, 1));
     EXPECT_EQ(form.lbBR2(0).ForeColor, RGB(2, 2, 2));
     EXPECT_EQ(form.lbBR2(1).ForeColor, RGB(2, 2, 2));
+}
+
+TEST_F(Light, OffAndOnGiveEverySchemeItsOwnLookBack) {
+    for (Integer scheme = 0; scheme <= 4; ++scheme) {
+        form.itmOpt0(scheme);
+        const Integer border = form.fr4.BorderStyle;
+        const ColorValue title = form.fr5.ForeColor;
+        lightOff();
+        for (const Control* ground : grounds())
+            EXPECT_EQ(ground->BackColor(), color(3)) << scheme << ' ' << ground->Name;
+        for (const Label* label : intensities())
+            EXPECT_EQ(label->ForeColor, color(4)) << scheme << ' ' << label->Name;
+        lightOn();
+        EXPECT_EQ(border, scheme == 4 ? 0 : 1);
+        for (Integer panel = 1; panel <= 6; ++panel)
+            EXPECT_EQ(form.frame(panel).BorderStyle, border) << scheme << ' ' << panel;
+        for (const Control* ground : grounds())
+            EXPECT_EQ(ground->BackColor(), color(0)) << scheme << ' ' << ground->Name;
+        for (const Label* label : intensities())
+            EXPECT_EQ(label->ForeColor, title) << scheme << ' ' << label->Name;
+    }
 }
 
 TEST_F(Light, OnLeavesDarkGreyWithoutBorders) {
