@@ -49,7 +49,7 @@ protected:
         return pane().property(kind_ == PaneKind::Browser ? "title" : "documentTitle").toString();
     }
     static bool wait(const std::function<bool()>& until) {
-        constexpr int kLimitMilliseconds = 30000;
+        constexpr int kLimitMilliseconds = 120000;
         return QTest::qWaitFor(until, kLimitMilliseconds);
     }
     /// Waits for a page, and with the browser for its picture.
