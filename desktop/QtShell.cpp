@@ -2,10 +2,13 @@
 
 #include <QDesktopServices>
 #include <QFileInfo>
-#include <QProcess>
 #include <QUrl>
 
 #include "desktop/Conversions.h"
+
+#ifdef Q_OS_WIN
+#include <QProcess>
+#endif
 
 namespace quillon {
 
@@ -23,26 +26,26 @@ QString helpPage(const QString& compiledHelp) {
 }  // namespace
 
 void QtShell::execute(const std::string& program, const std::string& parameters,
-                      const std::string& directory) {
+                      [[maybe_unused]] const std::string& directory) {
     const QString target = toNativePath(parameters);
 #ifdef Q_OS_WIN
-    QProcess::startDetached(toQString(program), QProcess::splitCommand(target),
-                            toNativePath(directory));
-#else
-    if (program == "explorer.exe" || program == "notepad.exe") {
-        openFile(target);
-    } else if (program == "hh.exe") {
-        // No viewer of compiled help is to be counted on here; the same help
-        // lies beside it as pages.
-        openFile(helpPage(target));
-    } else if (const QString file = toNativePath(program);
-               QFileInfo(file).isFile() && !QFileInfo(file).isExecutable()) {
-        openFile(file);
-    } else {
-        QProcess::startDetached(file, QProcess::splitCommand(toQString(parameters)),
-                                toNativePath(directory));
+    if (program.ends_with(".exe")) {
+        const QString folder = toNativePath(directory);
+        QProcess::startDetached(toQString(program), QProcess::splitCommand(target),
+                                QFileInfo(folder).isDir() ? folder : QString());
+        return;
     }
+#else
+    // No viewer of compiled help is to be counted on here; the same help lies
+    // beside it as pages.
+    if (program == "hh.exe")
+        return openFile(helpPage(target));
+    if (program == "explorer.exe" || program == "notepad.exe")
+        return openFile(target);
 #endif
+    // A document is never run, though on some disks every file may be.
+    if (const QString file = toNativePath(program); QFileInfo(file).isFile())
+        openFile(file);
 }
 
 void QtShell::openAddress(const std::string& address) {

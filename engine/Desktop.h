@@ -110,9 +110,9 @@ public:
 class Shell {
 public:
     virtual ~Shell() = default;
-    /// Starts a program, or opens a file where `program` names one, without
-    /// waiting. "explorer.exe", "notepad.exe" and "hh.exe" mean the desktop's own
-    /// handler for folders, text files and the help.
+    /// Opens the file that `program` names, without waiting; one that is not there
+    /// is passed over. "explorer.exe", "notepad.exe" and "hh.exe" mean the desktop's
+    /// own handler for folders, text files and the help. A document is never run.
     virtual void execute(const std::string& program, const std::string& parameters,
                          const std::string& directory) = 0;
     /// Opens an address in the user's browser. Failures are ignored.

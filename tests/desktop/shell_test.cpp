@@ -55,6 +55,19 @@ TEST_F(ShellService, AFileInTheProgramsPlaceIsOpened) {
     expectOpened("paper.pdf");
 }
 
+TEST_F(ShellService, ADocumentIsOpenedEvenWhereEveryFileMayBeRun) {
+    const QString ran = folder.filePath(QStringLiteral("ran"));
+    {
+        QFile file(folder.filePath(QStringLiteral("paper.pdf")));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\ntouch '" + ran.toUtf8() + "'\n");
+        file.setPermissions(file.permissions() | QFileDevice::ExeOwner | QFileDevice::ExeUser);
+    }
+    shell.execute(labPathOf("paper.pdf"), "", labPathOf(""));
+    expectOpened("paper.pdf");
+    EXPECT_FALSE(QFile::exists(ran));
+}
+
 TEST_F(ShellService, AnAddressGoesToTheBrowser) {
     shell.openAddress("https://www.brindlewood.example/products/Sorrel");
     ASSERT_EQ(catcher.opened.size(), 1);
