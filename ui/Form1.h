@@ -280,8 +280,8 @@ public:
     void GridPatternCommand(Integer p);
     /// Opens the help in the platform's viewer and does not wait; id is not used.
     void ShowHelp(Integer id);
-    /// A script that a page of the tutorial leads to: it sets up the lab, which is
-    /// then shown.
+    /// A script that a page of the tutorial leads to: the light goes on, the lab is
+    /// shown, and the script sets it up like one of the menu.
     void RunTutorialScript(const std::string& path);
     /// Rolls a panel's picture with wrap-around from the copy in `mem`, by dx and
     /// dy pixels, and shows it. Both lie within one panel size.

@@ -68,8 +68,13 @@ void Form1::tabClick(Integer Index) {
 }
 
 void Form1::RunTutorialScript(const std::string& path) {
-    ReadScript(path);
-    tabClick(kLabTab);
+    // Who leaves the tutorial by a link in the dark's hole gets the light back at
+    // once: in the Lab the hole would lie wrong.
+    if (dim.isLoaded()) {
+        dim.fadeAlpha = 0;
+        dim.unload();
+    }
+    LoadScriptCommand(path);
 }
 
 void Form1::ShowHelp(Integer /*id*/) {
