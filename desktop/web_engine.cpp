@@ -1,6 +1,7 @@
 #include "desktop/web_engine.h"
 
 #include <QtGlobal>
+#include <cerrno>
 #include <sstream>
 
 #ifdef Q_OS_LINUX
@@ -55,7 +56,11 @@ bool namespacesAreAllowed() {
     if (child == 0)
         ::_exit(::unshare(CLONE_NEWUSER | CLONE_NEWPID | CLONE_NEWNET) == 0 ? 0 : 1);
     int status = 0;
-    return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    pid_t ended = -1;
+    do
+        ended = ::waitpid(child, &status, 0);
+    while (ended < 0 && errno == EINTR);
+    return ended == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 #else
     return true;
 #endif

@@ -25,6 +25,14 @@ bool processIsThere() {
     return QFileInfo::exists(named.isEmpty() ? usual : named);
 }
 
+/// It ends this process too where it does not find the files it is made of.
+bool resourcesAreThere() {
+    const QString named = qEnvironmentVariable("QTWEBENGINE_RESOURCES_PATH");
+    const QString usual = QLibraryInfo::path(QLibraryInfo::DataPath) + QStringLiteral("/resources");
+    return QFileInfo::exists((named.isEmpty() ? usual : named) +
+                             QStringLiteral("/qtwebengine_resources.pak"));
+}
+
 /// Pages are drawn by the processor: they are texts and small pictures, and the
 /// lab's window stays what it was. With the graphics processor the window system
 /// would have to make it anew, and every panel would pass through a texture.
@@ -54,7 +62,7 @@ public:
 
 extern "C" Q_DECL_EXPORT quillon::BrowserPane* quillonMakeWebPane(QWidget* parent) {
     using namespace quillon;
-    if (!processIsThere())
+    if (!processIsThere() || !resourcesAreThere())
         return nullptr;
     chooseDrawing();
     const QuietStart quiet;
