@@ -6,6 +6,7 @@
 #include <QCursor>
 #include <QDeadlineTimer>
 #include <QMenuBar>
+#include <QScopeGuard>
 #include <QTimer>
 #include <QWindow>
 
@@ -225,8 +226,9 @@ void FormWindow::showModal(dlgARRAY& dialog) {
 void FormWindow::showModal(frmAbout& about) {
     AboutBox shown(about, *this);
     about_ = &shown;
+    // Also where a handler of the box fails.
+    const auto gone = qScopeGuard([this] { about_ = nullptr; });
     shown.exec();
-    about_ = nullptr;
 }
 
 void FormWindow::unloaded() {
