@@ -73,9 +73,13 @@ void BrowserFace::followState() {
 }
 
 void BrowserFace::replaceBroken() {
+    const QUrl page = pane_->localPage();
     take(makeTextBrowserPane(parent_));
-    shownRequest_ = 0;
     followState();
+    // Not the page asked for last: that may lie in the web, and the reader would
+    // open the user's own browser unasked.
+    if (page.isLocalFile())
+        pane_->navigate(page);
 }
 
 }  // namespace quillon

@@ -28,7 +28,8 @@ public:
 private:
     void take(std::unique_ptr<BrowserPane> pane);
     void followState();
-    /// A pane that has broken down makes room for the plain reader.
+    /// A pane that has broken down makes room for the plain reader,
+    /// which shows the page of the disk that was on show.
     void replaceBroken();
 
     Form1& form_;

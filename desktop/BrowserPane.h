@@ -18,6 +18,9 @@ public:
     /// the pane shows such a page.
     virtual void navigate(const QUrl& page) = 0;
 
+    /// The page of the disk that is or was shown last; none before the first.
+    virtual QUrl localPage() const = 0;
+
     /// Called when the user has chosen a link of a local page to a script; the
     /// page stays.
     std::function<void(const QUrl& script)> onScript;

@@ -64,14 +64,17 @@ public:
         else
             reader_->setSource(page, QTextDocument::HtmlResource);
     }
+    QUrl localPage() const override { return reader_->source(); }
 
 private:
     void follow(const QUrl& link) {
         const QUrl target = reader_->source().resolved(link);
-        if (!isScript(target))
+        if (isScript(target)) {
+            if (onScript)
+                onScript(target);
+        } else if (target.isLocalFile() || isWebAddress(target)) {
             navigate(target);
-        else if (onScript)
-            onScript(target);
+        }
     }
 
     QPointer<PageReader> reader_;

@@ -1,7 +1,10 @@
 #include "desktop/web_pane/WebPane.h"
 
+#include <QChildEvent>
 #include <QShortcut>
 #include <QWebEngineNewWindowRequest>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInfo>
 #include <utility>
@@ -15,14 +18,69 @@ void RequestGuard::interceptRequest(QWebEngineUrlRequestInfo& request) {
     if (request.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame)
         return;
     const QString scheme = request.requestUrl().scheme();
-    const bool fromHere = scheme == QStringLiteral("file") || scheme == QStringLiteral("data") ||
-                          scheme == QStringLiteral("blob");
-    if (!fromHere && !isWebAddress(request.firstPartyUrl()))
+    if (scheme == QStringLiteral("data") || scheme == QStringLiteral("blob"))
+        return;
+    // A page of the disk shows pictures, styles and scripts beside it; what other
+    // files say is not for its scripts.
+    if (scheme == QStringLiteral("file"))
+        request.block(request.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeXhr);
+    else if (!isWebAddress(request.firstPartyUrl()))
         request.block(true);
 }
 
-LabPage::LabPage(QWebEngineProfile* profile, std::function<void(const QUrl&)> onScript)
-    : QWebEnginePage(profile), onScript_(std::move(onScript)) {
+GestureWatch::GestureWatch(QWidget& pane) : QObject(&pane) {
+    pane.installEventFilter(this);
+    for (QWidget* part : pane.findChildren<QWidget*>())
+        part->installEventFilter(this);
+}
+
+bool GestureWatch::eventFilter(QObject* seen, QEvent* event) {
+    const auto now = std::chrono::steady_clock::now();
+    switch (event->type()) {
+        case QEvent::ChildAdded:
+            // A page from elsewhere comes with a new widget.
+            if (QObject* part = static_cast<QChildEvent*>(event)->child(); part->isWidgetType())
+                part->installEventFilter(this);
+            break;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::KeyPress:
+        case QEvent::TouchBegin:
+            gesture_.press(now);
+            break;
+        case QEvent::MouseButtonRelease:
+        case QEvent::TouchEnd:
+            gesture_.release(now);
+            break;
+        default:
+            break;
+    }
+    return QObject::eventFilter(seen, event);
+}
+
+namespace {
+
+NavigationKind kindOf(QWebEnginePage::NavigationType type) {
+    switch (type) {
+        case QWebEnginePage::NavigationTypeTyped:
+            return NavigationKind::Asked;
+        case QWebEnginePage::NavigationTypeBackForward:
+        case QWebEnginePage::NavigationTypeReload:
+            return NavigationKind::History;
+        case QWebEnginePage::NavigationTypeLinkClicked:
+            return NavigationKind::Link;
+        case QWebEnginePage::NavigationTypeRedirect:
+            return NavigationKind::Redirect;
+        default:
+            return NavigationKind::Other;
+    }
+}
+
+}  // namespace
+
+LabPage::LabPage(QWebEngineProfile* profile, GestureWatch& gestures,
+                 std::function<void(const QUrl&)> onScript)
+    : QWebEnginePage(profile), gestures_(gestures), onScript_(std::move(onScript)) {
     // There is one pane and no second window: a link that asks for one is followed
     // here, if the user has chosen it.
     connect(
@@ -32,45 +90,71 @@ LabPage::LabPage(QWebEngineProfile* profile, std::function<void(const QUrl&)> on
                 acceptNavigationRequest(request.requestedUrl(), NavigationTypeLinkClicked, true))
                 setUrl(request.requestedUrl());
         });
+    connect(this, &QWebEnginePage::loadFinished, this, [this] { underWay_ = Chooser::Page; });
+}
+
+Chooser LabPage::chooserOf(NavigationKind kind) {
+    if (kind == NavigationKind::Redirect)
+        return underWay_;
+    const bool chosen = gestures_.take();
+    // What the lab asks for has been chosen from its menu.
+    return chosen || kind == NavigationKind::Asked ? Chooser::User : Chooser::Page;
 }
 
 bool LabPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
-    if (!isMainFrame)
-        return !isWebAddress(url) || isWebAddress(this->url());
-    if (!isScript(url))
-        return mayGoTo(url, type);
-    if (type == NavigationTypeLinkClicked && this->url().isLocalFile())
+    Navigation how{isMainFrame ? Frame::Whole : Frame::Inner, kindOf(type), Chooser::Page};
+    if (isMainFrame)
+        how.chooser = chooserOf(how.kind);
+    const Verdict verdict = verdictOn(this->url(), url, how);
+    if (verdict == Verdict::RunScript)
         onScript_(url);
-    return false;
-}
-
-bool LabPage::mayGoTo(const QUrl& url, NavigationType type) const {
-    switch (type) {
-        case NavigationTypeTyped:  // the lab itself
-        case NavigationTypeBackForward:
-        case NavigationTypeReload:
-            return true;
-        case NavigationTypeLinkClicked:
-            return url.isLocalFile() || isWebAddress(url);
-        default:
-            return isWebAddress(url) == isWebAddress(this->url());
-    }
+    else if (verdict == Verdict::Go && isMainFrame)
+        // Only what has gone to the web may be sent on there.
+        underWay_ = isWebAddress(url) ? how.chooser : Chooser::Page;
+    return verdict == Verdict::Go;
 }
 
 WebPane::WebPane(QWidget& parent) : view_(new QWebEngineView(&parent)) {
     restrict();
-    auto* page = new LabPage(&profile_, [this](const QUrl& script) {
+    auto* page = new LabPage(&profile_, *new GestureWatch(*view_), [this](const QUrl& script) {
         if (onScript)
             onScript(script);
     });
     view_->setPage(page);
     page->setParent(view_);
+    followLoads(*page);
     QObject::connect(page, &QWebEnginePage::renderProcessTerminated, view_,
                      [this](QWebEnginePage::RenderProcessTerminationStatus status) {
                          if (status != QWebEnginePage::NormalTerminationStatus && onBroken)
                              onBroken();
                      });
     giveKeysAndMenu();
+}
+
+void WebPane::followLoads(QWebEnginePage& page) {
+    QObject::connect(&page, &QWebEnginePage::urlChanged, view_, [this](const QUrl& url) {
+        if (url.isLocalFile())
+            localPage_ = url;
+    });
+    QObject::connect(&page, &QWebEnginePage::loadFinished, view_, [this] {
+        if (std::exchange(firstLoad_, FirstLoad::Over) == FirstLoad::UnderWay && next_.isValid())
+            view_->load(next_);
+    });
+}
+
+void WebPane::navigate(const QUrl& page) {
+    if (page.isLocalFile())
+        localPage_ = page;
+    // The page that the pane has kept since the start is its first one, even where
+    // a link opens the pane: it is not given up half loaded, so that "back" leads
+    // to it.
+    if (firstLoad_ == FirstLoad::UnderWay) {
+        next_ = page;
+        return;
+    }
+    if (firstLoad_ == FirstLoad::NotBegun)
+        firstLoad_ = page.isLocalFile() ? FirstLoad::UnderWay : FirstLoad::Over;
+    view_->load(page);
 }
 
 WebPane::~WebPane() {
@@ -84,10 +168,26 @@ void WebPane::restrict() {
     profile_.setSpellCheckEnabled(false);
     QWebEngineSettings& settings = *profile_.settings();
     settings.setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
+    settings.setAttribute(QWebEngineSettings::WebRTCPublicInterfacesOnly, true);
     settings.setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);
     settings.setAttribute(QWebEngineSettings::DnsPrefetchEnabled, false);
     settings.setAttribute(QWebEngineSettings::HyperlinkAuditingEnabled, false);
     settings.setAttribute(QWebEngineSettings::PluginsEnabled, false);
+    settings.setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    withholdChannels();
+}
+
+void WebPane::withholdChannels() {
+    // These go out past the guard of the requests.
+    QWebEngineScript script;
+    script.setSourceCode(
+        QStringLiteral("if (!/^https?:$/.test(location.protocol))"
+                       " for (const name of ['RTCPeerConnection', 'webkitRTCPeerConnection',"
+                       " 'WebTransport']) delete globalThis[name];"));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::MainWorld);
+    script.setRunsOnSubFrames(true);
+    profile_.scripts()->insert(script);
 }
 
 void WebPane::giveKeysAndMenu() {

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "desktop/BrowserPane.h"
+#include "desktop/page_navigation.h"
 
 namespace quillon {
 
@@ -20,20 +21,40 @@ public:
     void interceptRequest(QWebEngineUrlRequestInfo& request) override;
 };
 
+/// Sees the presses in a pane's widget, and in those that the engine puts into
+/// it, before the page does.
+class GestureWatch : public QObject {
+public:
+    explicit GestureWatch(QWidget& pane);
+    /// Whether a link that is followed now is the user's; true once for each press.
+    bool take() { return gesture_.take(std::chrono::steady_clock::now()); }
+
+protected:
+    bool eventFilter(QObject* seen, QEvent* event) override;
+
+private:
+    UserGesture gesture_;
+};
+
 /// A page that goes to the web only where the lab or the user sends it, never by
 /// a script of its own, and that hands scripts of the lab over instead of showing
 /// them.
 class LabPage : public QWebEnginePage {
 public:
-    LabPage(QWebEngineProfile* profile, std::function<void(const QUrl&)> onScript);
+    LabPage(QWebEngineProfile* profile, GestureWatch& gestures,
+            std::function<void(const QUrl&)> onScript);
 
 protected:
     bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;
 
 private:
-    bool mayGoTo(const QUrl& url, NavigationType type) const;
+    /// Who has sent the page to where it is asked to go.
+    Chooser chooserOf(NavigationKind kind);
 
+    GestureWatch& gestures_;
     std::function<void(const QUrl&)> onScript_;
+    /// Of the navigation under way, for the redirects that it meets.
+    Chooser underWay_ = Chooser::Page;
 };
 
 /// The browser: pages as their authors made them, scripts of theirs included.
@@ -46,15 +67,23 @@ public:
     ~WebPane() override;
 
     QWidget& widget() override { return *view_; }
-    void navigate(const QUrl& page) override { view_->load(page); }
+    void navigate(const QUrl& page) override;
+    QUrl localPage() const override { return localPage_; }
 
 private:
     void restrict();
+    void withholdChannels();
+    void followLoads(QWebEnginePage& page);
     void giveKeysAndMenu();
 
     RequestGuard guard_;
     QWebEngineProfile profile_;
     QPointer<QWebEngineView> view_;
+    QUrl localPage_;
+    enum class FirstLoad { NotBegun, UnderWay, Over };
+    FirstLoad firstLoad_ = FirstLoad::NotBegun;
+    /// Asked for during the first load.
+    QUrl next_;
 };
 
 }  // namespace quillon

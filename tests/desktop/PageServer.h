@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
+#include <QMap>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -25,6 +27,8 @@ public:
     int connections = 0;
     /// First lines of the requests: "GET / HTTP/1.1".
     QList<QByteArray> requests;
+    /// Paths that lie elsewhere, and where.
+    QMap<QByteArray, QByteArray> redirects;
     QByteArray page =
         "<title>Outside</title><body style='background:#345678'>"
         "<img src='/picture.png'>";
@@ -41,6 +45,13 @@ private:
     void answer(QTcpSocket& socket) {
         const QByteArray request = socket.readAll();
         requests << request.left(request.indexOf('\r'));
+        if (const QByteArray path = requests.back().split(' ').value(1); redirects.contains(path)) {
+            socket.write(
+                "HTTP/1.1 302 Found\r\nConnection: close\r\nContent-Length: 0\r\nLocation: " +
+                redirects[path] + "\r\n\r\n");
+            socket.disconnectFromHost();
+            return;
+        }
         const QByteArray body = requests.back().startsWith("GET / ") ? page : QByteArray("none");
         socket.write(
             "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\nConnection: close\r\n"

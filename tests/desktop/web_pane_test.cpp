@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QProcess>
 
 #include "desktop/page_links.h"
 #include "desktop/web_engine.h"
 #include "tests/desktop/PageServer.h"
 #include "tests/desktop/PaneWindow.h"
+#include "tests/support/OrdinaryUser.h"
 
 namespace quillon {
 namespace {
@@ -47,6 +47,32 @@ TEST(Sandbox, IsNoQuestionForRootNorForAUserWhoHasSwitchedItOff) {
     EXPECT_EQ(sandboxIsUsable("", SystemUser::Ordinary), namespacesAreAllowed());
     const EnvironmentVariable off("QTWEBENGINE_DISABLE_SANDBOX", QStringLiteral("1"));
     EXPECT_TRUE(sandboxIsUsable("", SystemUser::Ordinary));
+}
+
+TEST(SystemUser, IsRootForRootAlone) {
+    QProcess id;
+    id.start(QStringLiteral("id"), {QStringLiteral("-u")});
+    ASSERT_TRUE(id.waitForFinished());
+    const bool root = id.readAllStandardOutput().trimmed() == "0";
+    EXPECT_EQ(systemUser(), root ? SystemUser::Root : SystemUser::Ordinary);
+}
+
+TEST(SystemUser, IsOrdinaryForWhoHasGivenUpBeingRoot) {
+    const TemporaryFolder folder;
+    const OrdinaryUser user(folder);
+    ASSERT_TRUE(user.isBound());
+    EXPECT_EQ(systemUser(), SystemUser::Ordinary);
+}
+
+TEST(SystemUser, WhoIsOrdinaryGetsNoEngineWithoutItsSandbox) {
+    const TemporaryFolder folder;
+    const OrdinaryUser user(folder);
+    ASSERT_TRUE(user.isBound());
+    if (namespacesAreAllowed())
+        GTEST_SKIP() << "the sandbox can be set up here";
+    const EnvironmentVariable none(kEngineFlagsVariable);
+    QWidget parent;
+    EXPECT_EQ(makeWebPane(parent), nullptr);
 }
 
 TEST(Sandbox, NeedsNamespacesThatTheSystemGivesOrRefuses) {
@@ -221,23 +247,6 @@ TEST_F(WebPane, APageOfTheWebCannotRunAScriptOfTheDisk) {
     ASSERT_TRUE(waitForPage("Clicked"));
     EXPECT_EQ(form().lab.viewTab, 2);
     EXPECT_FALSE(form().menu(MenuArray::mnuFT1a, 10).Checked);
-}
-
-TEST_F(WebPane, KeepsNothingOnTheDisk) {
-    writePage("first.htm", "First", "none.htm",
-              "<script>localStorage.setItem('a', '1'); document.cookie = 'b=1; max-age=9999';"
-              "</script>");
-    show("first.htm", "First");
-    click(widget("lbTAB(0)"));
-    open();
-    QStringList kept;
-    for (const char* folder : {".config", ".cache", ".local"}) {
-        const QDir place(pathOf(folder));
-        for (const QString& entry : place.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))
-            if (entry.contains(QStringLiteral("QtWebEngine")))
-                kept << entry;
-    }
-    EXPECT_EQ(kept, QStringList());
 }
 
 }  // namespace
