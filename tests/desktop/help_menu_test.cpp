@@ -214,6 +214,7 @@ TEST_P(OpenedPane, AMissingScriptIsToldOnce) {
     ASSERT_EQ(recording.dialogs.messages.size(), 1U);
     EXPECT_TRUE(recording.dialogs.messages[0].text.find("File not found") != std::string::npos)
         << recording.dialogs.messages[0].text;
+    EXPECT_EQ(pageShown(), QUrl::fromLocalFile(pathOf("first.htm")));
 }
 
 TEST_P(OpenedPane, ItsRightClickMenuGoesBackAndForward) {

@@ -151,14 +151,6 @@ TEST_P(TutorialPane, HandsAScriptToTheLabAndShowsTheLab) {
     EXPECT_EQ(pageShown(), QUrl::fromLocalFile(pathOf("second.htm")));
 }
 
-TEST_P(TutorialPane, AMissingScriptIsToldByTheReaderOfScriptsAlone) {
-    writePage("first.htm", "First", "missing.FTSCR");
-    showFirst();
-    clickLink();
-    ASSERT_TRUE(wait([&] { return form().lab.viewTab == 1; }));
-    EXPECT_EQ(pageShown(), QUrl::fromLocalFile(pathOf("first.htm")));
-}
-
 TEST_P(TutorialPane, HasTheKeyboardWhenItAppearsAndTheWindowStillSeesEveryKey) {
     showFirst();
     QWidget* focus = window().focusWidget();
