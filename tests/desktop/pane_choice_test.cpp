@@ -62,7 +62,7 @@ TEST_F(PaneChoice, AnAddressOfTheLinksIsFollowedThroughItsRedirect) {
 }
 
 TEST_F(PaneChoice, AClickThatAScriptMakesLeadsNotToTheWeb) {
-    writeBusyPage("link.click();", server.address().toLatin1());
+    writeBusyPage("setTimeout(() => link.click(), 20);", server.address().toLatin1());
     expectStayed();
 }
 
@@ -90,7 +90,8 @@ TEST_F(PaneChoice, ThePagesOwnHeadLeadsNotToTheWeb) {
 
 TEST_F(PaneChoice, APressChoosesOneLinkAndTheNextPageNone) {
     writePage("second.htm", "Waiting", server.address().toLatin1(),
-              "<script>addEventListener('load', () => { document.querySelector('a').click();"
+              "<script>addEventListener('load', () => {"
+              "setTimeout(() => document.querySelector('a').click(), 20);"
               "setTimeout(() => { document.title = 'Stayed'; }, 200); });</script>");
     writePage("first.htm", "First", "second.htm");
     show("first.htm", "First");
