@@ -198,6 +198,19 @@ class WavesOfAPicture(Page, unittest.TestCase):
         self.press("examples", "Two crossed")
         self.set_slider("amplitude", 120)
         self.assertIn("squeezed", self.element("range").text)
+
+    def test_the_picture_stays_on_the_right_whatever_the_notes_say(self):
+        before = self.browser.get_window_size()
+        self.addCleanup(self.browser.set_window_size, before["width"], before["height"])
+        # As wide as the lab's window when it opens.
+        self.browser.set_window_size(840, 1000)
+        for language in ("en", "fr"):
+            self.element(language).click()
+            self.set_slider("amplitude", 120)
+            self.click(9, -9)
+            self.assertRegex(self.element("range").text, "squeezed|ramenés")
+            self.assertEqual(self.element("map").location["y"], self.element("picture").location["y"])
+            self.assertGreater(self.element("picture").location["x"], self.element("map").location["x"] + 350)
         greys = self.greys("picture")
         self.assertEqual((0, 255), (min(greys), max(greys)))
 
