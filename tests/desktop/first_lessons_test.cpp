@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QTest>
 #include <cmath>
 #include <numbers>
 
@@ -176,6 +177,25 @@ TEST_F(Lessons, LowPassAndHighPassTogetherAreTheOriginal) {
                             channel(Channel::Two).reconstruction().at(x, y).re,
                         image(x, y), 0.01)
                 << x << ", " << y;
+}
+
+TEST_F(Lessons, TheEnterKeyShowsTheCutOfAScriptsLowPass) {
+    for (const char* script : {"06-low-pass-high-pass.ftscr", "06-low-pass-high-pass-ringing.ftscr",
+                               "09-noise-and-masks-grain.ftscr"}) {
+        setUp(script);
+        const auto brightBeyond = [&](int radius) {
+            int bright = 0;
+            for (int y = 0; y < kSide; ++y)
+                for (int x = 0; x < kSide; ++x)
+                    bright += std::hypot(x - 127, y - 127) > radius &&
+                              (form().pb2.shown().at(x, y) & 0xFFFFFFU) != 0;
+            return bright;
+        };
+        EXPECT_GT(brightBeyond(50), 100) << script;
+        QTest::keyClick(window().windowHandle(), Qt::Key_Return);
+        settle();
+        EXPECT_EQ(brightBeyond(50), 0) << script;
+    }
 }
 
 TEST_F(Lessons, ThePictureGoesWithThePhases) {
