@@ -12,13 +12,21 @@ namespace quillon {
 
 enum class PaneKind { Browser, Reader };
 
+#ifdef QUILLON_HAS_WEB_PANE
+inline constexpr bool kHasBrowser = true;
+#else
+inline constexpr bool kHasBrowser = false;
+#endif
+
 /// The window with a pane of one kind, and pages that a test writes. The
 /// browser's own properties are read by their names: the tests do not link it.
 class PaneWindow : public OpenedWindow {
 protected:
     void SetUp() override {}
-    /// Opens the window with the Tutorial on show.
+    /// Opens the window; skips the test of the browser in a build without it.
     void openWith(PaneKind kind) {
+        if (kind == PaneKind::Browser && !kHasBrowser)
+            GTEST_SKIP() << "built without the browser";
         kind_ = kind;
         browser = kind == PaneKind::Browser ? makeBrowserPane : makeTextBrowserPane;
         open();
@@ -38,6 +46,15 @@ protected:
                         "</title></head><body style='margin:0' bgcolor='#204060'>"
                         "<p style='font-size:60px; margin:0'><a href='" +
                         link + "'>LINKLINKLINK</a></p>" + rest + "</body></html>");
+    }
+    /// Opens the window with the plain reader and follows the link of its page.
+    void followInReader(const QByteArray& link) {
+        openWith(PaneKind::Reader);
+        writePage("first.htm", "First", link);
+        showTutorial();
+        navigate("first.htm");
+        ASSERT_TRUE(waitForPage("First"));
+        clickLink();
     }
     void navigate(const char* name) { form().ie5.Navigate2(toBytes(pathOf(name))); }
 

@@ -142,13 +142,7 @@ TEST_F(HelpMenu, AMissingHelpIsTheViewersMatter) {
 /// the history of their first page.
 class OpenedPane : public PaneWindow, public ::testing::WithParamInterface<PaneKind> {
 protected:
-    void SetUp() override {
-#ifndef QUILLON_HAS_WEB_PANE
-        if (GetParam() == PaneKind::Browser)
-            GTEST_SKIP() << "built without the browser";
-#endif
-        openWith(GetParam());
-    }
+    void SetUp() override { openWith(GetParam()); }
     void showLinkTo(const char* script) {
         writePage("first.htm", "First", script);
         showTutorial();
@@ -242,12 +236,7 @@ TEST_P(OpenedPane, ItsRightClickMenuGoesBackAndForward) {
 class ReaderOfPages : public PaneWindow {};
 
 TEST_F(ReaderOfPages, ShowsAMissingPageAsABlankOne) {
-    openWith(PaneKind::Reader);
-    writePage("first.htm", "First", "nowhere.htm");
-    showTutorial();
-    navigate("first.htm");
-    ASSERT_TRUE(waitForPage("First"));
-    clickLink();
+    followInReader("nowhere.htm");
     EXPECT_EQ(dynamic_cast<QTextBrowser&>(pane()).toPlainText(), QString());
     key(Qt::Key_Left, Qt::AltModifier);
     EXPECT_TRUE(waitForPage("First"));
@@ -255,12 +244,7 @@ TEST_F(ReaderOfPages, ShowsAMissingPageAsABlankOne) {
 
 TEST_F(ReaderOfPages, PassesOverALinkToWhatIsNoPage) {
     const UrlCatcher catcher;
-    openWith(PaneKind::Reader);
-    writePage("first.htm", "First", "mailto:a@brindlewood.example");
-    showTutorial();
-    navigate("first.htm");
-    ASSERT_TRUE(waitForPage("First"));
-    clickLink();
+    followInReader("mailto:a@brindlewood.example");
     EXPECT_EQ(titleShown(), QStringLiteral("First"));
     EXPECT_EQ(catcher.opened, QList<QUrl>());
 }

@@ -15,9 +15,6 @@ namespace {
 class PaneChoice : public PaneWindow {
 protected:
     void SetUp() override {
-#ifndef QUILLON_HAS_WEB_PANE
-        GTEST_SKIP() << "built without the browser";
-#endif
         openWith(PaneKind::Browser);
         server.page = "<title>Outside</title><body bgcolor='#204060'>";
     }

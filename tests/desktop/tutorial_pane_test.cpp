@@ -13,10 +13,6 @@ namespace {
 class TutorialPane : public PaneWindow, public ::testing::WithParamInterface<PaneKind> {
 protected:
     void SetUp() override {
-#ifndef QUILLON_HAS_WEB_PANE
-        if (GetParam() == PaneKind::Browser)
-            GTEST_SKIP() << "built without the browser";
-#endif
         writePage("first.htm", "First", "second.htm");
         writePage("second.htm", "Second", "low pass.ftscr");
         write("low pass.ftscr", "TOP\r\nLOWPASS 20\r\n");
@@ -31,9 +27,7 @@ protected:
         clickLink();
         ASSERT_TRUE(waitForPage("Second"));
     }
-    bool paneIsThere() {
-        return window().findChild<QWidget*>(QStringLiteral("ie5")) != nullptr;
-    }
+    bool paneIsThere() { return window().findChild<QWidget*>(QStringLiteral("ie5")) != nullptr; }
 };
 
 INSTANTIATE_TEST_SUITE_P(Kinds, TutorialPane,
@@ -204,12 +198,7 @@ class PlainReader : public PaneWindow {};
 
 TEST_F(PlainReader, SendsPagesOfTheWebToTheUsersBrowserAndKeepsItsOwn) {
     const UrlCatcher catcher;
-    openWith(PaneKind::Reader);
-    writePage("first.htm", "First", "https://www.brindlewood.example/a");
-    showTutorial();
-    navigate("first.htm");
-    ASSERT_TRUE(waitForPage("First"));
-    clickLink();
+    followInReader("https://www.brindlewood.example/a");
     form().itm10a(0);
     EXPECT_EQ(catcher.opened,
               (QList<QUrl>{QUrl(QStringLiteral("https://www.brindlewood.example/a")),
