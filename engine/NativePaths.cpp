@@ -58,6 +58,11 @@ std::string nativePath(std::string path) {
     return path;
 }
 
+std::string shownPath(std::string path) {
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+}
+
 std::string labPath(std::string path) {
     std::replace(path.begin(), path.end(), '/', '\\');
     return path;

@@ -17,6 +17,12 @@ std::string nativePath(std::string path);
 /// A native path as the lab writes it: "/home/a/x.bmp" is "\home\a\x.bmp".
 std::string labPath(std::string path);
 
+/// A lab path as it is shown to the user: as this desktop writes paths,
+/// "/home/a/Quillon/" for "\home\a\Quillon\". Every message, status text and
+/// title that shows a path goes through here. Nothing is looked up, so that a
+/// file that does not exist is shown too; scripts keep the lab's form.
+std::string shownPath(std::string path);
+
 /// The native path under which a lab path is found: as nativePath where that
 /// exists, else component by component with names that differ in the case of
 /// ASCII letters alone, the first of several in byte order. What is not found in

@@ -25,6 +25,18 @@ TEST(NativePaths, ANativePathBecomesALabPathAndComesBack) {
     EXPECT_EQ(nativePath(labPath("/home/a b/\xE9.bmp")), "/home/a b/\xE9.bmp");
 }
 
+TEST(NativePaths, APathIsShownAsTheDesktopWritesIt) {
+    EXPECT_EQ(shownPath("\\home\\ada\\Quillon\\"), "/home/ada/Quillon/");
+    EXPECT_EQ(shownPath("/home/ada/.config\\Quillon"), "/home/ada/.config/Quillon");
+    EXPECT_EQ(shownPath("/home/ada/my cat.bmp"), "/home/ada/my cat.bmp");
+    EXPECT_EQ(shownPath("cat.bmp"), "cat.bmp");
+    EXPECT_EQ(shownPath(""), "");
+}
+
+TEST(NativePaths, ANameThatNoFileCanHaveIsShownAllTheSame) {
+    EXPECT_EQ(shownPath(std::string("\\tmp\\\0x", 7)), std::string("/tmp/\0x", 7));
+}
+
 TEST(NativePaths, APathWithAZeroByteNamesNoFile) {
     for (auto* function : {&foundPath, &pathInFoundFolder}) {
         EXPECT_EQ(errorOf([&] { function(std::string("\\tmp\0x", 6)); }),
