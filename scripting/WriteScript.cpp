@@ -33,17 +33,21 @@ constexpr CompanionNames companionNames(Channel which) {
                                  : CompanionNames{"b.bmp", "last2.bmp"};
 }
 
+/// A channel without a file is written only where it has something to show.
+bool needsCompanion(const Lab& lab, Channel which) {
+    return lab.channel(which).file.empty() && !lab.imagePanel(which).Tag.empty();
+}
+
 /// Gives a drawn or computed picture the file that a LOAD1 line can name.
 void saveCompanion(Lab& lab, Channel which, const std::string& stamp, const std::string& title) {
     std::string& file = lab.channel(which).file;
-    const PictureBox& image = lab.imagePanel(which);
-    if (image.Tag.empty() || !file.empty())
+    if (!needsCompanion(lab, which))
         return;
     const CompanionNames names = companionNames(which);
     // The title decides, not the path: the session's own script has another
     // title, so its pictures get stamped names and are never overwritten.
     file = lab.folders.ImagePath + (title == "last.ftscr" ? names.fixed : stamp + names.stamped);
-    lab.desktop.pictures.save(image.Image(), file);
+    lab.desktop.pictures.save(lab.imagePanel(which).Image(), file);
 }
 
 std::string maskRows(const clComplexImage& channel) {
@@ -92,6 +96,20 @@ void WriteScript(Lab& lab, const std::string& path, const std::string& title) {
     if (!lab.channel2.file.empty())
         lines += std::string("BOTTOM") + kLineEnd + channelLines(lab.channel2);
     lab.desktop.files.write(path, lines);
+}
+
+void writeSnapshot(Lab& lab, const std::string& path, const std::string& title) {
+    WriteScript(lab, path, title);
+}
+
+SessionContent sessionContent(const Lab& lab) {
+    SessionContent content;
+    for (const Channel which : {Channel::One, Channel::Two}) {
+        content.lines += channelLines(lab.channel(which));
+        if (needsCompanion(lab, which))
+            content.pictures[static_cast<std::size_t>(which)] = lab.imagePanel(which).Image();
+    }
+    return content;
 }
 
 }  // namespace quillon
