@@ -14,6 +14,7 @@
 #include "engine/PictureBox.h"
 #include "engine/clComplexImage.h"
 #include "scripting/ScriptHost.h"
+#include "scripting/SessionScript.h"
 #include "ui/ControlTable.h"
 #include "ui/Controls.h"
 #include "ui/MenuTable.h"
@@ -165,6 +166,7 @@ public:
     void ReadScript(const std::string& path);
     /// Writes what the window shows as a script with a title.
     void WriteScript(const std::string& path, const std::string& title);
+    SessionScript sessionScript{lab};
     bool firstRun = false;
     std::string helpFile;
     Integer panelW = 0;

@@ -79,6 +79,7 @@ void showSamples(Lab& lab) {
 }  // namespace
 
 void Form1::Form_Load() {
+    sessionScript.begin();
     Width = kWindowWidth;
     Height = kWindowHeight;
     ReadRegistry();
@@ -116,7 +117,7 @@ void Form1::Form_Load() {
 
 void Form1::Form_QueryUnload() {
     SaveRegistry();
-    WriteScript(lab.folders.ScriptPath + "last.ftscr", "Last Images");
+    sessionScript.write("Last Images");
 }
 
 void Form1::unload() {

@@ -312,7 +312,7 @@ class Closing : public OpenForm {};
 
 TEST_F(Closing, SettingsAreSavedBeforeTheSessionScriptIsWrittenAndThenTheWindowGoes) {
     form.unload();
-    EXPECT_EQ(desktop.calls.of({"store.", "files.", "host."}),
+    EXPECT_EQ(desktop.calls.of({"store.", "files.write", "host."}),
               (std::vector<std::string>{
                   "store.write(Software\\Brindlewood\\Quillon, WNDO, 0 0 12900 10500 0)",
                   "store.write(Software\\Brindlewood\\Quillon, PATH, C:\\Quillon\\Quillon.exe)",
