@@ -1,5 +1,7 @@
 #include "app/Lab.h"
 
+#include <utility>
+
 #include "engine/RunTimeError.h"
 
 namespace quillon {
@@ -17,6 +19,26 @@ void Lab::ShowStatus(Integer i, const std::string& s) const {
     Label& cell = *lbSTB[static_cast<std::size_t>(i)];
     cell.Caption = s;
     cell.Refresh();
+}
+
+void Lab::reportNotDone(const std::string& what) {
+    const std::string shown = lbSTB[2]->Caption;
+    if (notDone.report.empty() || shown != notDone.report)
+        notDone.covered = shown;
+    notDone.report = what;
+    ShowStatus(2, what);
+}
+
+void Lab::beginCommand() {
+    const NotDone before = std::exchange(notDone, NotDone{});
+    if (!before.report.empty() && lbSTB[2]->Caption.get() == before.report)
+        ShowStatus(2, before.covered);
+}
+
+void Lab::endCommand() {
+    // The transforms of the same command write their filter into the cell too.
+    if (!notDone.report.empty() && lbSTB[2]->Caption.get() != notDone.report)
+        reportNotDone(notDone.report);
 }
 
 void Lab::ClearChannelTags(Integer panelId) const {

@@ -62,6 +62,12 @@ struct Lab {
     Integer viewTab = 0;
     /// True while the light is off.
     std::function<bool()> dimmed;
+    /// What the last command has not done and why, and the text of cell 2 that
+    /// this lies over; both empty where all was done.
+    struct NotDone {
+        std::string report{};
+        std::string covered{};
+    } notDone{};
 
     clComplexImage& channel(Channel which) const {
         return which == Channel::One ? channel1 : channel2;
@@ -77,8 +83,23 @@ struct Lab {
 
     /// Text into a cell of the status strip, shown at once.
     void ShowStatus(Integer i, const std::string& s) const;
+    /// Says in cell 2 in a few words what was not done, and why. It stays until the
+    /// next command, which uncovers what the cell showed without it.
+    void reportNotDone(const std::string& what);
+    /// Runs a command of the user: a choice in a menu, a key, a drop. Whatever calls
+    /// commands on the user's behalf, such as a script, is one command itself.
+    template <class Command>
+    void runCommand(Command command) {
+        beginCommand();
+        command();
+        endCommand();
+    }
     /// Empties the Tags of a channel's three panels before a new computation.
     void ClearChannelTags(Integer panelId) const;
+
+private:
+    void beginCommand();
+    void endCommand();
 };
 
 }  // namespace quillon

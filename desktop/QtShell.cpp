@@ -14,8 +14,12 @@ namespace quillon {
 
 namespace {
 
-void openFile(const QString& path) {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+Opening open(const QUrl& what) {
+    return QDesktopServices::openUrl(what) ? Opening::Asked : Opening::NoProgram;
+}
+
+Opening openFile(const QString& path) {
+    return QFileInfo::exists(path) ? open(QUrl::fromLocalFile(path)) : Opening::Missing;
 }
 
 /// The help as a page, in the same folder as the compiled help.
@@ -25,15 +29,16 @@ QString helpPage(const QString& compiledHelp) {
 
 }  // namespace
 
-void QtShell::execute(const std::string& program, const std::string& parameters,
-                      [[maybe_unused]] const std::string& directory) {
+Opening QtShell::execute(const std::string& program, const std::string& parameters,
+                         [[maybe_unused]] const std::string& directory) {
     const QString target = toNativePath(parameters);
 #ifdef Q_OS_WIN
     if (program.ends_with(".exe")) {
         const QString folder = toNativePath(directory);
-        QProcess::startDetached(toQString(program), QProcess::splitCommand(target),
-                                QFileInfo(folder).isDir() ? folder : QString());
-        return;
+        return QProcess::startDetached(toQString(program), QProcess::splitCommand(target),
+                                       QFileInfo(folder).isDir() ? folder : QString())
+                   ? Opening::Asked
+                   : Opening::NoProgram;
     }
 #else
     // No viewer of compiled help is to be counted on here; the same help lies
@@ -44,12 +49,12 @@ void QtShell::execute(const std::string& program, const std::string& parameters,
         return openFile(target);
 #endif
     // A document is never run, though on some disks every file may be.
-    if (const QString file = toNativePath(program); QFileInfo(file).isFile())
-        openFile(file);
+    const QString file = toNativePath(program);
+    return QFileInfo(file).isFile() ? openFile(file) : Opening::Missing;
 }
 
-void QtShell::openAddress(const std::string& address) {
-    QDesktopServices::openUrl(QUrl(toQString(address), QUrl::TolerantMode));
+Opening QtShell::openAddress(const std::string& address) {
+    return open(QUrl(toQString(address), QUrl::TolerantMode));
 }
 
 }  // namespace quillon

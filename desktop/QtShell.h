@@ -4,13 +4,13 @@
 
 namespace quillon {
 
-/// Starts other programs. Nobody looks at the outcome: a file without a program
-/// that opens it, or a program that is not there, is passed over in silence.
+/// Starts other programs. Whether one has been asked is all that is known: what
+/// becomes of it shows on the screen.
 class QtShell : public Shell {
 public:
-    void execute(const std::string& program, const std::string& parameters,
-                 const std::string& directory) override;
-    void openAddress(const std::string& address) override;
+    Opening execute(const std::string& program, const std::string& parameters,
+                    const std::string& directory) override;
+    Opening openAddress(const std::string& address) override;
 };
 
 }  // namespace quillon

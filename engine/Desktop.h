@@ -107,16 +107,26 @@ public:
     virtual void endDocument() = 0;
 };
 
+/// What became of something that another program was to open.
+enum class Opening {
+    /// A program has been asked to; nobody waits for it.
+    Asked,
+    /// The file or folder is not there.
+    Missing,
+    /// There is no program that opens it.
+    NoProgram
+};
+
 class Shell {
 public:
     virtual ~Shell() = default;
-    /// Opens the file that `program` names, without waiting; one that is not there
-    /// is passed over. "explorer.exe", "notepad.exe" and "hh.exe" mean the desktop's
-    /// own handler for folders, text files and the help. A document is never run.
-    virtual void execute(const std::string& program, const std::string& parameters,
-                         const std::string& directory) = 0;
-    /// Opens an address in the user's browser. Failures are ignored.
-    virtual void openAddress(const std::string& address) = 0;
+    /// Opens the file that `program` names, without waiting. "explorer.exe",
+    /// "notepad.exe" and "hh.exe" mean the desktop's own handler for folders, text
+    /// files and the help. A document is never run.
+    virtual Opening execute(const std::string& program, const std::string& parameters,
+                            const std::string& directory) = 0;
+    /// Opens an address in the user's browser.
+    virtual Opening openAddress(const std::string& address) = 0;
 };
 
 /// System colours by the platform's index.

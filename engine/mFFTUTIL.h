@@ -63,8 +63,8 @@ std::string FolderPart(const std::string& path);
 bool FileExists(Files& files, const std::string& path);
 /// True for a folder. Any failure gives false.
 bool FolderExists(Files& files, const std::string& path);
-/// Starts the user's browser; failures are ignored.
-void OpenInBrowser(Shell& shell, const std::string& address);
+/// Starts the user's browser. Never throws.
+Opening OpenInBrowser(Shell& shell, const std::string& address);
 /// Without the blanks (the character 32 only) at both ends.
 std::string withoutOuterBlanks(std::string_view text);
 /// ASCII letters in upper case, all other bytes as they are.

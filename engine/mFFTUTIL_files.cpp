@@ -25,11 +25,12 @@ bool FolderExists(Files& files, const std::string& path) {
     }
 }
 
-void OpenInBrowser(Shell& shell, const std::string& address) {
+Opening OpenInBrowser(Shell& shell, const std::string& address) {
     try {
-        shell.openAddress(address);
+        return shell.openAddress(address);
     } catch (const RunTimeError&) {
         // A lab without a browser goes on without the page.
+        return Opening::NoProgram;
     }
 }
 

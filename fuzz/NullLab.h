@@ -79,9 +79,11 @@ public:
 
 class NullShell : public Shell {
 public:
-    void execute(const std::string& /*program*/, const std::string& /*parameters*/,
-                 const std::string& /*directory*/) override {}
-    void openAddress(const std::string& /*address*/) override {}
+    Opening execute(const std::string& /*program*/, const std::string& /*parameters*/,
+                    const std::string& /*directory*/) override {
+        return Opening::Missing;
+    }
+    Opening openAddress(const std::string& /*address*/) override { return Opening::NoProgram; }
 };
 
 class NullScreen : public Screen {

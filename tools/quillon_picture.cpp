@@ -40,8 +40,10 @@ public:
 /// A picture starts nothing.
 class QuietShell : public Shell {
 public:
-    void execute(const std::string&, const std::string&, const std::string&) override {}
-    void openAddress(const std::string&) override {}
+    Opening execute(const std::string&, const std::string&, const std::string&) override {
+        return Opening::Asked;
+    }
+    Opening openAddress(const std::string&) override { return Opening::Asked; }
 };
 
 /// The command line of the window is the script's name alone.

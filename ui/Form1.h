@@ -216,7 +216,8 @@ public:
     /// Files dropped on an image panel.
     void OLEDragDrop(Control& where, const std::vector<std::string>& files);
 
-    // --- Menus (Form1_menus.cpp): click handlers by Index.
+    // --- Menus (Form1_menus.cpp): a choice of the user, and the click handlers by
+    // Index that it runs and scripts run too.
     void click(MenuArray array, Integer Index);
     void mnuImg1a(Integer Index) { imageMenu(Channel::One, Index); }
     void mnuImg2a(Integer Index) { imageMenu(Channel::Two, Index); }
@@ -350,9 +351,12 @@ private:
     ClientCorner clientCorner() const;
     HoleRect holeAroundPanels() const;
     HoleRect holeAroundTutorial() const;
+    void takeDropped(Channel which, const std::string& file);
     void CopyData(Channel which);
     void ShowProfile(Integer panel, Single x, Single y);
 
+    /// Runs the click handler of a menu.
+    void choose(MenuArray array, Integer Index);
     // Click handlers of the panel menus, one for both channels.
     void imageMenu(Channel which, Integer Index);
     void spectrumMenu(Channel which, Integer Index);

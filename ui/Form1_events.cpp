@@ -110,9 +110,9 @@ void Form1::DblClick(Control& where) {
         return;
     // A double click on a spectrum transforms, on a reconstruction reconstructs.
     if (place->column == 2)
-        place->channel == Channel::One ? mnuFT1a(0) : mnuFT2a(0);
+        click(place->channel == Channel::One ? MenuArray::mnuFT1a : MenuArray::mnuFT2a, 0);
     else
-        place->channel == Channel::One ? mnuNew1a(0) : mnuNew2a(0);
+        click(place->channel == Channel::One ? MenuArray::mnuNew1a : MenuArray::mnuNew2a, 0);
 }
 
 }  // namespace quillon

@@ -74,7 +74,7 @@ void Form1::RunTutorialScript(const std::string& path) {
         dim.fadeAlpha = 0;
         dim.unload();
     }
-    LoadScriptCommand(path);
+    lab.runCommand([&] { LoadScriptCommand(path); });
 }
 
 void Form1::ShowHelp(Integer /*id*/) {

@@ -53,7 +53,10 @@ void Form1::OLEDragDrop(Control& where, const std::vector<std::string>& files) {
     if (files.empty() || (&where != &pb1 && &where != &pb4))
         return;
     const Channel which = &where == &pb1 ? Channel::One : Channel::Two;
-    const std::string& file = files.front();
+    lab.runCommand([&] { takeDropped(which, files.front()); });
+}
+
+void Form1::takeDropped(Channel which, const std::string& file) {
     try {
         if (isPictureFile(file))
             dropImage(lab, which, file);

@@ -41,9 +41,9 @@ void Form1::KeyDown(Integer KeyCode, Integer Shift) {
     }
     if (KeyCode >= kKeyLeft && KeyCode <= kKeyDown) {
         if (Shift == kShiftKey)
-            rollByKey(Channel::One, KeyCode);
+            lab.runCommand([&] { rollByKey(Channel::One, KeyCode); });
         else if (Shift == kCtrlKey)
-            rollByKey(Channel::Two, KeyCode);
+            lab.runCommand([&] { rollByKey(Channel::Two, KeyCode); });
     }
     if (KeyCode == kKeyAlt && Shift == kAltKey)
         showProfileLines(true);
@@ -85,11 +85,11 @@ void Form1::KeyUp(Integer KeyCode, Integer /*Shift*/) {
 void Form1::KeyPress(Integer KeyAscii) {
     // In the Tutorial view an L is a letter to be typed.
     if ((KeyAscii == kAsciiUpperL || KeyAscii == kAsciiLowerL) && lab.viewTab < 2)
-        LightOff();
+        lab.runCommand([&] { LightOff(); });
     if (KeyAscii == kAsciiEnter || KeyAscii == kAsciiSpace)
-        itmOpt(kRecalculateAll);
+        lab.runCommand([&] { itmOpt(kRecalculateAll); });
     else if (KeyAscii == kAsciiLowerR)
-        ResetForScript();
+        lab.runCommand([&] { ResetForScript(); });
 }
 
 void Form1::showProfileLines(bool visible) {

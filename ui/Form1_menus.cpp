@@ -300,6 +300,10 @@ void Form1::repaintLowPassMasks() {
 }
 
 void Form1::click(MenuArray array, Integer Index) {
+    lab.runCommand([&] { choose(array, Index); });
+}
+
+void Form1::choose(MenuArray array, Integer Index) {
     switch (array) {
         case MenuArray::mnuImg1a:
             return mnuImg1a(Index);

@@ -103,10 +103,12 @@ void Form1::Form_Load() {
     SetFilterRings(5.0F);
     noticeMissingFolders(desktop, lab.folders);
     const std::string script = startScript(desktop);
-    if (!script.empty())
-        ReadScript(script);
-    else
-        showSamples(lab);
+    lab.runCommand([&] {
+        if (!script.empty())
+            ReadScript(script);
+        else
+            showSamples(lab);
+    });
     mirrorAutoCalculate(*this);
     if (firstRun)
         desktop.dialogs.messageBox(

@@ -33,25 +33,28 @@ protected:
 };
 
 TEST_F(ShellService, AFolderGoesToTheDesktopsHandler) {
-    shell.execute("explorer.exe", labPathOf("Images") + "\\", "0");
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("Images")));
+    EXPECT_EQ(shell.execute("explorer.exe", labPathOf("Images") + "\\", "0"), Opening::Asked);
     ASSERT_EQ(catcher.opened.size(), 1);
     EXPECT_EQ(catcher.opened[0].toLocalFile(), folder.filePath(QStringLiteral("Images/")));
 }
 
 TEST_F(ShellService, ATextFileGoesToTheDesktopsEditor) {
     make("a b.ftscr");
-    shell.execute("notepad.exe", labPathOf("A B.ftscr"), "");
+    EXPECT_EQ(shell.execute("notepad.exe", labPathOf("A B.ftscr"), ""), Opening::Asked);
     expectOpened("a b.ftscr");
 }
 
 TEST_F(ShellService, TheHelpIsThePageBesideTheCompiledHelp) {
-    shell.execute("hh.exe", labPathOf("Quillon.chm"), "0");
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("doc/help")));
+    make("doc/help/index.html");
+    EXPECT_EQ(shell.execute("hh.exe", labPathOf("Quillon.chm"), "0"), Opening::Asked);
     expectOpened("doc/help/index.html");
 }
 
 TEST_F(ShellService, AFileInTheProgramsPlaceIsOpened) {
     make("paper.pdf");
-    shell.execute(labPathOf("paper.pdf"), "", labPathOf(""));
+    EXPECT_EQ(shell.execute(labPathOf("paper.pdf"), "", labPathOf("")), Opening::Asked);
     expectOpened("paper.pdf");
 }
 
@@ -69,15 +72,22 @@ TEST_F(ShellService, ADocumentIsOpenedEvenWhereEveryFileMayBeRun) {
 }
 
 TEST_F(ShellService, AnAddressGoesToTheBrowser) {
-    shell.openAddress("https://www.brindlewood.example/products/Sorrel");
+    EXPECT_EQ(shell.openAddress("https://www.brindlewood.example/products/Sorrel"), Opening::Asked);
     ASSERT_EQ(catcher.opened.size(), 1);
     EXPECT_EQ(catcher.opened[0],
               QUrl(QStringLiteral("https://www.brindlewood.example/products/Sorrel")));
 }
 
-TEST_F(ShellService, AProgramThatIsNotThereIsPassedOver) {
-    EXPECT_NO_THROW(shell.execute(labPathOf("missing.exe"), "x", ""));
+TEST_F(ShellService, WhatIsNotThereGoesToNobodyAndIsSaidToBeMissing) {
+    EXPECT_EQ(shell.execute(labPathOf("missing.exe"), "x", ""), Opening::Missing);
+    EXPECT_EQ(shell.execute("explorer.exe", labPathOf("Images") + "\\", "0"), Opening::Missing);
+    EXPECT_EQ(shell.execute("notepad.exe", labPathOf("s.ftscr"), ""), Opening::Missing);
+    EXPECT_EQ(shell.execute("hh.exe", labPathOf("Quillon.chm"), "0"), Opening::Missing);
     EXPECT_TRUE(catcher.opened.isEmpty());
+}
+
+TEST_F(ShellService, WhatNoProgramOpensIsSaidToHaveNone) {
+    EXPECT_EQ(shell.openAddress("quillon-nobody:knows"), Opening::NoProgram);
 }
 
 }  // namespace

@@ -118,23 +118,26 @@ TEST(FolderExists, AnyFailureMeansThatThereIsNoFolder) {
 
 TEST(OpenInBrowser, TheAddressGoesToTheUsersBrowser) {
     RecordingDesktop desktop;
-    OpenInBrowser(desktop.shell, "https://www.brindlewood.example/products/Sorrel");
-    EXPECT_EQ(desktop.shell.addresses, Words{"https://www.brindlewood.example/products/Sorrel"});
+    const std::string page = "https://www.brindlewood.example/products/Sorrel";
+    EXPECT_EQ(OpenInBrowser(desktop.shell, page), Opening::Asked);
+    EXPECT_EQ(desktop.shell.addresses, Words{page});
+    desktop.shell.outcomes[page] = Opening::NoProgram;
+    EXPECT_EQ(OpenInBrowser(desktop.shell, page), Opening::NoProgram);
 }
 
 class FailingShell : public RecordingShell {
 public:
     using RecordingShell::RecordingShell;
-    void openAddress(const std::string& address) override {
+    Opening openAddress(const std::string& address) override {
         RecordingShell::openAddress(address);
         throw RunTimeError(ErrorNumber::FileNotFound);
     }
 };
 
-TEST(OpenInBrowser, AFailureIsIgnored) {
+TEST(OpenInBrowser, AFailureMeansThatThereIsNoBrowser) {
     CallLog log;
     FailingShell shell(log);
-    EXPECT_NO_THROW(OpenInBrowser(shell, "https://www.brindlewood.example/"));
+    EXPECT_EQ(OpenInBrowser(shell, "https://www.brindlewood.example/"), Opening::NoProgram);
     EXPECT_EQ(shell.addresses.size(), 1U);
 }
 

@@ -119,7 +119,7 @@ TEST_F(ScriptCommands, EditOpensTheEditorOnTheChosenScript) {
     EXPECT_EQ(bench.desktop.shell.calls,
               (std::vector<RecordingShell::Call>{{"notepad.exe", kScripts + "s.ftscr", kScripts}}));
     EXPECT_EQ(bench.state(Channel::One), "") << "the script does not run";
-    bench.desktop.shell.missingPrograms.insert("notepad.exe");
+    bench.desktop.shell.outcomes["notepad.exe"] = Opening::NoProgram;
     dialogs.answerOpen(kScripts + "s.ftscr");
     EditScriptCommand(bench.lab);
     expectNothingSaid();

@@ -221,17 +221,22 @@ void RecordingPrinter::endDocument() {
     ++documents;
 }
 
-void RecordingShell::execute(const std::string& program, const std::string& parameters,
-                             const std::string& directory) {
-    log_.add(line("shell.execute", program, parameters, directory));
-    calls.push_back(Call{program, parameters, directory});
-    if (missingPrograms.contains(program))
-        throw RunTimeError(ErrorNumber::FileNotFound);
+Opening RecordingShell::outcomeOf(const std::string& what) const {
+    const auto found = outcomes.find(what);
+    return found == outcomes.end() ? Opening::Asked : found->second;
 }
 
-void RecordingShell::openAddress(const std::string& address) {
+Opening RecordingShell::execute(const std::string& program, const std::string& parameters,
+                                const std::string& directory) {
+    log_.add(line("shell.execute", program, parameters, directory));
+    calls.push_back(Call{program, parameters, directory});
+    return outcomeOf(program);
+}
+
+Opening RecordingShell::openAddress(const std::string& address) {
     log_.add(line("shell.openAddress", address));
     addresses.push_back(address);
+    return outcomeOf(address);
 }
 
 void RecordingScreen::setMousePointer(Integer pointer) {

@@ -204,14 +204,17 @@ public:
 
     std::vector<Call> calls;
     std::vector<std::string> addresses;
-    /// Programs that cannot be started: execute() throws FileNotFound.
-    std::set<std::string> missingPrograms;
+    /// What becomes of a program, by its name, or of an address. What has no
+    /// outcome here is opened.
+    std::map<std::string, Opening> outcomes;
 
-    void execute(const std::string& program, const std::string& parameters,
-                 const std::string& directory) override;
-    void openAddress(const std::string& address) override;
+    Opening execute(const std::string& program, const std::string& parameters,
+                    const std::string& directory) override;
+    Opening openAddress(const std::string& address) override;
 
 private:
+    Opening outcomeOf(const std::string& what) const;
+
     CallLog& log_;
 };
 

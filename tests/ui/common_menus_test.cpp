@@ -27,7 +27,7 @@ TEST_F(CommonMenus, ViewImageAndScriptsFolderOpenTheUsersFolders) {
 }
 
 TEST_F(CommonMenus, AFolderThatCannotBeShownIsSilent) {
-    desktop.shell.missingPrograms.insert("explorer.exe");
+    desktop.shell.outcomes["explorer.exe"] = Opening::NoProgram;
     EXPECT_EQ(errorOf([&] { form.itmFile(0); }), ErrorNumber{});
     EXPECT_EQ(errorOf([&] { form.itmFile(1); }), ErrorNumber{});
     EXPECT_TRUE(desktop.dialogs.messages.empty());

@@ -152,7 +152,7 @@ TEST_F(Help, ThePaperOpensInItsReaderAndDoesNotLeaveTheLab) {
 }
 
 TEST_F(Help, APaperThatIsNotThereIsPassedOverInSilence) {
-    desktop.shell.missingPrograms.insert("C:\\Quillon\\Doc\\Halvard_2007c.pdf");
+    desktop.shell.outcomes["C:\\Quillon\\Doc\\Halvard_2007c.pdf"] = Opening::Missing;
     const std::string before = status(2);
     EXPECT_NO_THROW(link(8));
     EXPECT_EQ(desktop.shell.calls.size(), 1U);
