@@ -1,14 +1,9 @@
 #pragma once
 
-#include <QElapsedTimer>
-#include <QLibrary>
 #include <QString>
 #include <QStringList>
-#include <QVariant>
-#include <memory>
 
 #include "tests/desktop/PaneWindow.h"
-#include "tests/desktop/page_probe/PageProbe.h"
 
 namespace quillon {
 
@@ -16,25 +11,6 @@ namespace quillon {
 class BrowserWindow : public PaneWindow {
 protected:
     void SetUp() override { openWith(PaneKind::Browser); }
-    /// What the page says to an expression of its language.
-    QVariant ask(const QString& expression) {
-        static const auto door = reinterpret_cast<ProbeDoor>(QLibrary::resolve(
-            QCoreApplication::applicationDirPath() + u'/' + QString::fromLatin1(kProbeModule),
-            kProbeDoor));
-        // A page that makes room for another one never answers; the other one does,
-        // when it is asked again.
-        constexpr int kPatienceMilliseconds = 1000;
-        const auto answer = std::make_shared<QVariant>();
-        QElapsedTimer sinceAsked;
-        EXPECT_TRUE(wait([&] {
-            if (!sinceAsked.isValid() || sinceAsked.hasExpired(kPatienceMilliseconds)) {
-                door(&pane(), expression, [answer](const QVariant& said) { *answer = said; });
-                sinceAsked.start();
-            }
-            return answer->isValid();
-        })) << expression.toStdString();
-        return *answer;
-    }
     /// Sends the browser to a file and waits for all that belongs to its page.
     bool showFile(const QString& path) {
         form().ie5.Navigate2(toBytes(path));

@@ -4,19 +4,18 @@
 #include <QImage>
 #include <QTest>
 #include <QUrl>
+#include <QVariant>
 
 #include "desktop/Conversions.h"
 #include "tests/desktop/OpenedWindow.h"
+#include "tests/desktop/wait_until.h"
 
 namespace quillon {
 
 enum class PaneKind { Browser, Reader };
 
-#ifdef QUILLON_HAS_WEB_PANE
-inline constexpr bool kHasBrowser = true;
-#else
-inline constexpr bool kHasBrowser = false;
-#endif
+/// Whether the program is built with the browser.
+extern const bool kHasBrowser;
 
 /// The window with a pane of one kind, and pages that a test writes. The
 /// browser's own properties are read by their names: the tests do not link it.
@@ -65,18 +64,19 @@ protected:
     QString titleShown() {
         return pane().property(kind_ == PaneKind::Browser ? "title" : "documentTitle").toString();
     }
-    static bool wait(const std::function<bool()>& until) {
-        constexpr int kLimitMilliseconds = 120000;
-        return QTest::qWaitFor(until, kLimitMilliseconds);
-    }
-    /// Waits for a page, and with the browser for its picture.
+    static bool wait(const std::function<bool()>& until) { return waitUntil(until); }
+    /// What the page in the browser says to an expression of its language.
+    QVariant ask(const QString& expression);
+    /// Waits for a page, and with the browser for its picture: before the first one
+    /// of a page the engine drops what the mouse does.
     bool waitForPage(const char* title) {
         return wait([&] {
             if (titleShown() != QString::fromLatin1(title))
                 return false;
             return kind_ == PaneKind::Reader ||
-                   pane().grab().toImage().pixelColor(pane().width() / 2, pane().height() - 50) ==
-                       QColor(0x20, 0x40, 0x60);
+                   (isDrawn() &&
+                    pane().grab().toImage().pixelColor(pane().width() / 2, pane().height() - 50) ==
+                        QColor(0x20, 0x40, 0x60));
         });
     }
     void clickLink() {
@@ -89,6 +89,10 @@ protected:
     }
 
     PaneKind kind_ = PaneKind::Reader;
+
+private:
+    /// Whether the page in the browser has been drawn since it was first asked.
+    bool isDrawn();
 };
 
 }  // namespace quillon
