@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # set-up.sh PURPOSE...: installs the Debian packages that the given purposes
 # need and this machine lacks. Purposes: run test bench format lint fuzz
-# pictures all. Where everything is there it asks nobody and ends at once. On a
-# system without Debian's packages it says what is needed, and fails only if the
-# tools themselves are missing.
+# sanitize-core pictures all. Where everything is there it asks nobody and ends
+# at once. On a system without Debian's packages it says what is needed, and
+# fails only if the tools themselves are missing.
 set -euo pipefail
 
 packages_for() {
@@ -21,7 +21,7 @@ packages_for() {
     bench) echo libfftw3-dev ;;
     format) echo clang-format git ;;
     lint) echo clang-tidy git ;;
-    fuzz) echo clang-14 libclang-rt-14-dev ;;
+    fuzz | sanitize-core) echo clang-14 libclang-rt-14-dev ;;
     pictures) echo imagemagick ;;
     *) echo "set-up: no such purpose: $1" >&2; return 1 ;;
     esac
@@ -32,7 +32,7 @@ tools_for() {
     run) echo c++ cmake ninja fc-match ;;
     format) echo clang-format git ;;
     lint) echo clang-tidy git ;;
-    fuzz) echo clang++-14 ;;
+    fuzz | sanitize-core) echo clang++-14 ;;
     pictures) echo convert ;;
     *) ;;
     esac
@@ -44,7 +44,7 @@ installed() {
 
 purposes=("$@")
 if [ $# -eq 0 ] || [ "$1" = all ]; then
-    purposes=(run test bench format lint fuzz pictures)
+    purposes=(run test bench format lint fuzz sanitize-core pictures)
 fi
 
 needed=()

@@ -85,12 +85,13 @@ void SpectrumPasses::takeValues(const ComplexGrid& cells) {
     const auto& [revision, w, h, view, scale] = *source_;
     const auto length = static_cast<std::size_t>(w);
     steps_.resize(area(w, h));
-    hues_.resize(view == 1 || view == 2 ? area(w, h) : 0);
+    const bool phases = view == 1 || view == 2;
+    hues_.resize(phases ? area(w, h) : 0);
     for (Long j = 0; j < h; ++j) {
         const std::span<const Single> re = cells.realRow(j).first(length);
         const std::span<const Single> im = cells.imaginaryRow(j).first(length);
         Single* const values = steps_.data() + placeOfRow(j);
-        std::uint8_t* const hues = hues_.data() + placeOfRow(j);
+        std::uint8_t* const hues = phases ? hues_.data() + placeOfRow(j) : nullptr;
         if (view == 0 || view == 1)
             kernels::spectrumRows().magnitudes(re.data(), im.data(), length, values);
         if (view == 1)
@@ -200,7 +201,7 @@ void SpectrumPasses::colourRow(Long j, const SpectrumLook& look,
         }
     };
     const Single* const steps = steps_.data() + placeOfRow(j);
-    const std::uint8_t* const hues = hues_.data() + placeOfRow(j);
+    const std::uint8_t* const hues = hues_.empty() ? nullptr : hues_.data() + placeOfRow(j);
     const auto byLevelAndHue = [&] {
         const PixelWord* const table = wordsByLevelAndHue().data();
         colour([&](std::size_t i) { return table[levels[i] * kHues + hues[i]]; });
