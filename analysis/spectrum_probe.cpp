@@ -7,6 +7,9 @@
 namespace quillon {
 
 std::string clComplexImage::getVXY(Single x, Single y) const {
+    // A view that does not exist reads no cell, whether or not there is one.
+    if (mView < 0 || mView > 4)
+        return "";
     const ComplexCell cell = ftData.at(centredCell(nfftX, static_cast<Double>(x)),
                                        centredCell(nfftY, static_cast<Double>(y)));
     const Double re = cell.re;
@@ -19,10 +22,8 @@ std::string clComplexImage::getVXY(Single x, Single y) const {
             return " Ph= " + trimmedText(PhaseDeg(cell.re, cell.im), 2);
         case 3:
             return " Re= " + trimmedText(cell.re, 2);
-        case 4:
-            return " Im= " + trimmedText(cell.im, 2);
         default:
-            return "";
+            return " Im= " + trimmedText(cell.im, 2);
     }
 }
 

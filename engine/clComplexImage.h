@@ -107,7 +107,8 @@ public:
     /// The spectrum's value under position (x, y) of the FT panel as the view
     /// reads it, such as " M= 12.5"; no intensity factor, no filter. The zero
     /// frequency is read at (128, 128), one pixel off its place on the panel.
-    /// Throws SubscriptOutOfRange far to the left of the panel or above it.
+    /// Throws SubscriptOutOfRange far to the left of the panel or above it. A view
+    /// outside 0 to 4 gives the empty text at every position.
     std::string getVXY(Single x, Single y) const;
 
     /// Chooses the view and its table. With s = 0 the spectrum is redrawn, and

@@ -62,6 +62,14 @@ TEST_F(SpectrumProbe, AViewThatDoesNotExistReadsNothing) {
     }
 }
 
+TEST_F(SpectrumProbe, AViewThatDoesNotExistLooksAtNoCell) {
+    channel.mView = 5;
+    EXPECT_EQ(errorOf([&] { EXPECT_EQ(channel.getVXY(-129, 20), ""); }), ErrorNumber{});
+    clComplexImage unbound(desktop.desktop(), masks, rnd);
+    unbound.mView = -1;
+    EXPECT_EQ(errorOf([&] { EXPECT_EQ(unbound.getVXY(128, 128), ""); }), ErrorNumber{});
+}
+
 TEST_F(SpectrumProbe, NeitherFilterNorFactorNorScaleBearsOnTheValue) {
     transform(noise(43));
     const std::string before = channel.getVXY(128, 128);
