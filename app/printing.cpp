@@ -3,6 +3,7 @@
 #include <string>
 
 #include "engine/Numbers.h"
+#include "engine/mFFTUTIL.h"
 
 namespace quillon {
 
@@ -30,7 +31,7 @@ void PrintPanel(Lab& lab, Integer panel) {
     printer.setCurrentPosition(0, 0);
     const Single width = printer.pageWidth() / 3;
     // The title ends in the mark of channel 1's FT panel on both channels' pages.
-    printer.print("FFT - " + lab.channel(which).file + lab.pb2.Tag);
+    printer.print("FFT - " + lastName(lab.channel(which).file) + lab.pb2.Tag);
 
     Single left = 0;
     for (const PictureBox* shown :

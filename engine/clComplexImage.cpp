@@ -104,7 +104,7 @@ bool clComplexImage::GetInvert(Integer m) const {
 
 void clComplexImage::LoadImageFile(const std::string& f) {
     file = f;
-    sfile = FileNamePart(f);
+    sfile = lastName(f);
     PictureBox& panel = bound(pbIMG);
     panel.setPicture(desktop_.pictures.load(f));
     panel.Refresh();

@@ -71,7 +71,8 @@ public:
     clComplexImage(const clComplexImage&) = delete;
     clComplexImage& operator=(const clComplexImage&) = delete;
 
-    /// Full path of the channel's image, and its last component.
+    /// Full path of the channel's image, and its name alone, however the path is
+    /// written.
     std::string file;
     std::string sfile;
     /// Written by SetImageSize; no computation depends on them.

@@ -56,6 +56,9 @@ Double ArcCos(Double x) noexcept;
 std::string AddBackslash(const std::string& path);
 /// The text behind the last backslash; all of a string that has none.
 std::string FileNamePart(const std::string& path);
+/// The last name of a path in either of its forms, the lab's or the system's own:
+/// the text behind the last "\" or "/". No file's name holds either.
+std::string lastName(const std::string& path);
 /// The text up to and including the last backslash; all of a string that has none.
 std::string FolderPart(const std::string& path);
 /// True for a file of one byte or more; makes it writable on the way. Any

@@ -16,6 +16,10 @@ std::string FileNamePart(const std::string& path) {
     return path.substr(path.rfind('\\') + 1);
 }
 
+std::string lastName(const std::string& path) {
+    return path.substr(path.find_last_of("\\/") + 1);
+}
+
 std::string FolderPart(const std::string& path) {
     const std::size_t last = path.rfind('\\');
     return last == std::string::npos ? path : path.substr(0, last + 1);

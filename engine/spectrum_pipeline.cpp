@@ -51,7 +51,7 @@ GreyImage greysOf(std::span<const PixelWord> words) {
 }  // namespace
 
 void clComplexImage::CalculateAll() {
-    sfile = FileNamePart(file);
+    sfile = lastName(file);
     if (ifacLinear == 0.0F)
         ifacLinear = 100.0F;
     if (ifacSqrt == 0.0F)

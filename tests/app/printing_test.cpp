@@ -29,7 +29,7 @@ TEST_F(Printing, PrintsATitleAndThreeFramedPanelsSideBySide) {
                                "printer.setOrientation(1)",
                                "printer.setCurrentPosition(0, 0)",
                                "printer.pageWidth()",
-                               "printer.print(FFT - C:\\Q\\Images\\cat.jpg!)",
+                               "printer.print(FFT - cat.jpg!)",
                                "printer.paintPicture(256x256, 0, 400, 4000, 4000)",
                                "printer.box(0, 400, 4000, 4000)",
                                "printer.paintPicture(256x256, 4000, 400, 4000, 4000)",
@@ -57,7 +57,7 @@ TEST_F(Printing, PrintsImageSpectrumAndReconstructionOfThePanelsChannel) {
 
 TEST_F(Printing, BothChannelsPrintTheMarkOfTheUpperSpectrum) {
     PrintPanel(lab, 6);
-    EXPECT_EQ(desktop.printer.marks[0].text, "FFT - C:\\Q\\Images\\dog.jpg!");
+    EXPECT_EQ(desktop.printer.marks[0].text, "FFT - dog.jpg!");
 }
 
 TEST_F(Printing, ThePanelsKeepTheRatioOfTheFirstOne) {

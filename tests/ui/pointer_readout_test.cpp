@@ -54,6 +54,27 @@ TEST_F(PointerReadout, TheFtReadOutShowsItsFileAtOnce) {
     EXPECT_EQ(shown(form.lbSTB(0)), 1);
 }
 
+TEST_F(PointerReadout, AFileIsToldByItsNameAloneHoweverItsScriptWritesThePath) {
+    const Bitmap picture = form.pb1.Image();
+    for (const std::string path : {"/home/a b/cat.bmp", "\\home\\a b\\cat.bmp", "C:\\a\\cat.bmp",
+                                   "/home/a/.config\\Images\\cat.bmp", "sub/cat.bmp"}) {
+        desktop.pictures.add(path.starts_with("sub") ? folders.ImagePath + path : path, picture);
+        desktop.files.addFile("C:\\cat.ftscr", "LOAD1 " + path + "\r\nBOTTOM\r\nLOAD1 " + path);
+        form.ReadScript("C:\\cat.ftscr");
+        ASSERT_TRUE(desktop.dialogs.messages.empty()) << path;
+        for (const Channel which : kBoth) {
+            EXPECT_EQ(channel(which).sfile, "cat.bmp") << path;
+            over(image(which), 12, 34);
+            EXPECT_EQ(status(0), "cat.bmp ") << path;
+            over(spectrum(which), 12, 34);
+            EXPECT_EQ(status(0), " [FT] cat.bmp") << path;
+            form.PrintPanel(imagePanelId(which));
+            EXPECT_EQ(desktop.printer.marks.front().text, "FFT - cat.bmp!") << path;
+            desktop.printer.marks.clear();
+        }
+    }
+}
+
 TEST_F(PointerReadout, PositionsRoundHalfToEven) {
     over(form.pb2, 10.5F, 11.5F);
     EXPECT_EQ(status(1).substr(0, 7), "[10,12]");
