@@ -64,7 +64,10 @@ std::string FolderPart(const std::string& path);
 /// True for a file of one byte or more; makes it writable on the way. Any
 /// failure gives false, and so do an empty file and an empty path.
 bool FileExists(Files& files, const std::string& path);
-/// True for a folder. Any failure gives false.
+/// True for whatever a listing that shows folders finds under this path: a folder,
+/// and a plain file too, also an empty one, unless the path has a closing
+/// backslash. Any failure gives false. Where only a folder will do, ask the files
+/// for isFolder or close the path.
 bool FolderExists(Files& files, const std::string& path);
 /// Starts the user's browser. Never throws.
 Opening OpenInBrowser(Shell& shell, const std::string& address);

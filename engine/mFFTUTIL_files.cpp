@@ -19,7 +19,13 @@ bool FileExists(Files& files, const std::string& path) {
 
 bool FolderExists(Files& files, const std::string& path) {
     try {
-        return files.isFolder(path);
+        if (files.isFolder(path))
+            return true;
+        // What a path with a closing backslash names can only be a folder.
+        if (path.empty() || path.ends_with('\\'))
+            return false;
+        files.length(path);
+        return true;
     } catch (const RunTimeError&) {
         return false;
     }

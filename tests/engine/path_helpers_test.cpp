@@ -107,7 +107,16 @@ TEST(FolderExists, AFolderExistsWithAndWithoutAClosingBackslash) {
     EXPECT_TRUE(FolderExists(desktop.files, "C:\\Images"));
     EXPECT_TRUE(FolderExists(desktop.files, "C:\\Images\\"));
     EXPECT_FALSE(FolderExists(desktop.files, "C:\\Scripts\\"));
-    EXPECT_FALSE(FolderExists(desktop.files, "C:\\Images\\a.bmp"));
+}
+
+TEST(FolderExists, APlainFileIsFoundTooUnlessThePathIsClosedAsAFoldersIs) {
+    RecordingDesktop desktop;
+    desktop.files.addFile("C:\\Images\\a.bmp", "x");
+    desktop.files.addFile("C:\\Images\\empty", "");
+    EXPECT_TRUE(FolderExists(desktop.files, "C:\\Images\\a.bmp"));
+    EXPECT_TRUE(FolderExists(desktop.files, "C:\\Images\\empty"));
+    EXPECT_FALSE(FolderExists(desktop.files, "C:\\Images\\a.bmp\\"));
+    EXPECT_FALSE(FolderExists(desktop.files, "C:\\Images\\b.bmp"));
 }
 
 TEST(FolderExists, AnyFailureMeansThatThereIsNoFolder) {
