@@ -76,6 +76,11 @@ void FormWindow::changeEvent(QEvent* event) {
             form_.WindowState = kWindowMaximised;
         else
             form_.WindowState = kWindowNormal;
+        // The rules of the layout let a minimised window be, and the size that it
+        // comes back to may be the one it has already.
+        const auto& change = static_cast<const QWindowStateChangeEvent&>(*event);
+        if (change.oldState().testFlag(Qt::WindowMinimized) && !isMinimized())
+            layOut();
     }
     QWidget::changeEvent(event);
 }

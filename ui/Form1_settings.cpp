@@ -28,7 +28,13 @@ Integer entryNumber(const std::string& word, std::size_t entries) {
     return exists ? static_cast<Integer>(number) : Integer{0};
 }
 
-/// A coordinate in twips. A place that the window is not on any screen is kept,
+/// A window that was minimised at the end would come back as a mere icon, which a
+/// user takes for a program that does not start.
+Integer stateAtStart(Integer stored) {
+    return stored == kWindowMinimised ? kWindowNormal : stored;
+}
+
+/// A coordinate in twips. A place on no screen is kept, for the window to mend,
 /// but one that no window system could hold counts as an unreadable number.
 Single coordinate(const std::string& word) {
     const Single twips = leadingSingle(word);
@@ -49,7 +55,7 @@ void Form1::ReadRegistry() {
         if (words.size() == kWindowWords) {
             Left = coordinate(words[0]);
             Top = coordinate(words[1]);
-            WindowState = entryNumber(words[4], kWindowMaximised + 1);
+            WindowState = stateAtStart(entryNumber(words[4], kWindowMaximised + 1));
         }
     }
     guiColorIndex = entryNumber(stored(kColorsSetting), menuEntries(MenuArray::itmOpt0).size());

@@ -14,6 +14,16 @@ const std::string kKey = "Software\\Brindlewood\\Quillon";
 class Session : public OpenedWindow {
 protected:
     std::string stored(const char* name) { return services.store.read(kKey, name); }
+    void expectLaidOut() {
+        const QWidget& area = *window().widgetOf(form());
+        const QWidget& strip = widget("stb");
+        EXPECT_EQ(strip.geometry().bottom(), area.rect().bottom());
+        EXPECT_EQ(strip.width(), area.width());
+        EXPECT_EQ(widget("frt1").size(), QSize(823, 569));
+        const QPoint middle = widget("frt1").geometry().center();
+        EXPECT_LE(std::abs(middle.x() - area.width() / 2), 1);
+        EXPECT_LE(std::abs(middle.y() - area.height() / 2), 1);
+    }
 };
 
 TEST_F(Session, TheFirstRunMakesTheUsersFoldersWithThePicturesAndTellsSo) {
@@ -72,14 +82,29 @@ TEST_F(Session, AMaximisedWindowComesBackMaximised) {
     EXPECT_EQ(form().WindowState, kWindowNormal);
 }
 
-TEST_F(Session, AMinimisedWindowComesBackMinimised) {
+TEST_F(Session, AWindowThatWasMinimisedAtTheEndComesBackInItsNormalState) {
     window().showMinimized();
     settle();
     EXPECT_EQ(form().WindowState, kWindowMinimised);
     window().close();
     EXPECT_TRUE(stored("WNDO").ends_with(" 1")) << stored("WNDO");
     open();
+    EXPECT_FALSE(window().isMinimized());
+    EXPECT_EQ(form().WindowState, kWindowNormal);
+    expectLaidOut();
+}
+
+TEST_F(Session, AWindowThatStartsMinimisedIsLaidOutWhenItIsRestored) {
+    // A window manager may start a window so, whatever the program asks for.
+    form().WindowState = kWindowMinimised;
+    lab->window().hide();
+    lab->window().show();
     EXPECT_TRUE(window().isMinimized());
+    window().resize(1000, 800);
+    settle();
+    window().showNormal();
+    settle();
+    expectLaidOut();
 }
 
 TEST_F(Session, TheStateThatTheObjectAsksForIsTheWindows) {
@@ -112,14 +137,7 @@ TEST_F(Session, ResizingRunsTheLayoutsRules) {
                              QSize(300, 900)}) {
         window().resize(size);
         settle();
-        const QWidget& area = *window().widgetOf(form());
-        const QWidget& strip = widget("stb");
-        EXPECT_EQ(strip.geometry().bottom(), area.rect().bottom());
-        EXPECT_EQ(strip.width(), area.width());
-        EXPECT_EQ(widget("frt1").size(), QSize(823, 569));
-        const QPoint middle = widget("frt1").geometry().center();
-        EXPECT_LE(std::abs(middle.x() - area.width() / 2), 1);
-        EXPECT_LE(std::abs(middle.y() - area.height() / 2), 1);
+        expectLaidOut();
     }
 }
 

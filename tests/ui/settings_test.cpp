@@ -82,13 +82,13 @@ TEST_F(Settings, RunsOfBlanksMakeNoFurtherWords) {
     EXPECT_EQ(form.WindowState, kWindowMaximised);
 }
 
-TEST_F(Settings, AMinimisedWindowComesUpMinimised) {
+TEST_F(Settings, AWindowThatWasMinimisedComesUpInItsNormalState) {
     store("WNDO", "0 0 12900 10500 1");
     form.ReadRegistry();
-    EXPECT_EQ(form.WindowState, kWindowMinimised);
+    EXPECT_EQ(form.WindowState, kWindowNormal);
 }
 
-TEST_F(Settings, APlaceOnAMonitorThatIsGoneIsNotCorrected) {
+TEST_F(Settings, APlaceOnAMonitorThatIsGoneIsReadAsItIs) {
     store("WNDO", "-48000.5 37500 12900 10500 0");
     form.ReadRegistry();
     EXPECT_EQ(form.Left, -48000.5F);
