@@ -180,6 +180,7 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
 void FormWindow::show() {
     // What has been set before the window is on the screen is how it appears.
     QCoreApplication::sendPostedEvents(surface_.get());
+    keepOnScreens();
     surface_->stale(form_);
     switch (form_.WindowState) {
         case kWindowMinimised:

@@ -60,6 +60,8 @@ private:
     void build(const ControlRow& row, Control& control, BrowserPaneMaker& browser);
     QWidget& parentWidgetOf(const Control& control);
     void layOut();
+    /// Screens come and go between two sessions: the window is where it can be seen.
+    void keepOnScreens();
     void waitUntilSeen();
     /// Lets the window system go on until the condition holds. Some never get
     /// there, so there is a limit.

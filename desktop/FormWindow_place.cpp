@@ -1,9 +1,13 @@
+#include <QGuiApplication>
 #include <QMenuBar>
 #include <QResizeEvent>
+#include <QScreen>
+#include <vector>
 
 #include "desktop/Conversions.h"
 #include "desktop/DimWindow.h"
 #include "desktop/FormWindow.h"
+#include "desktop/screen_fit.h"
 
 // Where the window is and how large. Its object counts the frame in, as the
 // window system does for positions.
@@ -33,6 +37,22 @@ void FormWindow::takePlace() {
         setWindowState(kept | Qt::WindowMaximized);
     else
         setWindowState(kept);
+}
+
+void FormWindow::keepOnScreens() {
+    std::vector<ScreenRoom> screens;
+    for (const QScreen* screen : QGuiApplication::screens())
+        screens.push_back({screen->geometry(), screen->availableGeometry()});
+    const QRect wanted = placeOf(form_);
+    const PlaceOnScreen place = placeOnScreen(wanted, screens);
+    // A window that was never put anywhere is placed by the window system.
+    if (testAttribute(Qt::WA_Moved) && place.topLeft != wanted.topLeft()) {
+        form_.Move(toTwips(place.topLeft.x()), toTwips(place.topLeft.y()), form_.Width,
+                   form_.Height);
+        takePlace();
+    }
+    if (place.fit == ScreenFit::TooLarge && form_.WindowState == kWindowNormal)
+        form_.WindowState = kWindowMaximised;
 }
 
 void FormWindow::tellPlace() {

@@ -7,6 +7,7 @@
 #include "desktop/Conversions.h"
 #include "desktop/DesktopApplication.h"
 #include "desktop/LabWindow.h"
+#include "desktop/OffscreenPlatform.h"
 #include "desktop/QtDesktop.h"
 #include "engine/RunTimeError.h"
 #include "tools/panel_shots.h"
@@ -78,8 +79,7 @@ bool writePictures(LabWindow& lab, const PictureRequest& request) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const OffscreenPlatform platform;
     DesktopApplication application(argc, argv);
     const auto request = parsePictureRequest(QCoreApplication::arguments().mid(1));
     if (!request) {

@@ -11,9 +11,10 @@ BenchHome::BenchHome() {
     qputenv("HOME", folder_.path().toUtf8());
     qputenv("XDG_CONFIG_HOME", path(".config").toUtf8());
     qputenv("XDG_CACHE_HOME", path(".cache").toUtf8());
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("XDG_RUNTIME_DIR", folder_.path().toUtf8());
     qunsetenv("TMP");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    platform_.emplace();
 }
 
 BenchWindow::BenchWindow() {

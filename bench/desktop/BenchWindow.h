@@ -3,8 +3,10 @@
 #include <QTemporaryDir>
 #include <QWidget>
 #include <memory>
+#include <optional>
 
 #include "desktop/LabWindow.h"
+#include "desktop/OffscreenPlatform.h"
 #include "desktop/PanelWidget.h"
 #include "desktop/QtDesktop.h"
 #include "fuzz/NullLab.h"
@@ -30,6 +32,7 @@ public:
 
 private:
     QTemporaryDir folder_;
+    std::optional<OffscreenPlatform> platform_;
 };
 
 /// The program's services, but no dialog waits for a user and no other program

@@ -3,6 +3,7 @@
 #include <QTemporaryDir>
 
 #include "desktop/DesktopApplication.h"
+#include "desktop/OffscreenPlatform.h"
 
 // The tests run without a screen and in a home of their own, so that they leave
 // the user's settings and folders alone.
@@ -13,8 +14,7 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toUtf8());
     qputenv("XDG_CACHE_HOME", home.filePath(QStringLiteral("cache")).toUtf8());
     qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toUtf8());
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const quillon::OffscreenPlatform platform;
     const quillon::DesktopApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
