@@ -16,8 +16,12 @@ inline constexpr const char* kCompanionKey = "Software\\Brindlewood\\Sorrel";
 void SaveRegistryString(StringStore& store, const std::string& key, const std::string& name,
                         const std::string& value);
 
-/// The string as it was saved; the empty string for a missing key, a missing
-/// value and any failure, without a message.
+/// Keeps a number of 32 bits under the current user, otherwise like a string.
+void SaveRegistryNumber(StringStore& store, const std::string& key, const std::string& name,
+                        Long value);
+
+/// The string as it was saved, a number as its decimal text; the empty string for a missing key, a
+/// missing value and any failure, without a message.
 std::string GetRegistryString(StringStore& store, const std::string& key, const std::string& name);
 
 }  // namespace quillon

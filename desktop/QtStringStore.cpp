@@ -25,14 +25,22 @@ QString storeName(const std::string& key) {
 
 std::string QtStringStore::read(const std::string& key, const std::string& name) {
     const QSettings settings(storeName(key), QSettings::NativeFormat);
+    const QVariant value = settings.value(toQString(name));
     // A value that somebody has typed with commas is read as a list.
-    return toBytes(settings.value(toQString(name)).toStringList().join(QStringLiteral(", ")));
+    if (value.typeId() == QMetaType::QStringList)
+        return toBytes(value.toStringList().join(QStringLiteral(", ")));
+    return toBytes(value.toString());
 }
 
 void QtStringStore::write(const std::string& key, const std::string& name,
                           const std::string& value) {
     QSettings settings(storeName(key), QSettings::NativeFormat);
     settings.setValue(toQString(name), toQString(value));
+}
+
+void QtStringStore::writeNumber(const std::string& key, const std::string& name, Long value) {
+    QSettings settings(storeName(key), QSettings::NativeFormat);
+    settings.setValue(toQString(name), QVariant(static_cast<int>(value)));
 }
 
 }  // namespace quillon

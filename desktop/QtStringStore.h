@@ -11,6 +11,7 @@ class QtStringStore : public StringStore {
 public:
     std::string read(const std::string& key, const std::string& name) override;
     void write(const std::string& key, const std::string& name, const std::string& value) override;
+    void writeNumber(const std::string& key, const std::string& name, Long value) override;
 };
 
 }  // namespace quillon

@@ -178,9 +178,11 @@ public:
     virtual ~StringStore() = default;
     /// The empty string for anything absent; never throws.
     virtual std::string read(const std::string& key, const std::string& name) = 0;
-    /// A store that cannot be written remembers nothing; never throws.
+    /// A store that cannot be written remembers nothing; never throws. A number
+    /// reads as its decimal text.
     virtual void write(const std::string& key, const std::string& name,
                        const std::string& value) = 0;
+    virtual void writeNumber(const std::string& key, const std::string& name, Long value) = 0;
 };
 
 /// How much care a write takes. Careful: it comes back only when the file would
@@ -195,11 +197,18 @@ class Files {
 public:
     virtual ~Files() = default;
     virtual bool isFolder(const std::string& path) = 0;
+    /// True for a file, no folder, that the user may read. Never throws.
+    virtual bool isReadable(const std::string& path) = 0;
     /// Length in bytes; throws FileNotFound where there is no such file.
     virtual std::uint64_t length(const std::string& path) = 0;
     /// Gives the owner write permission where the file is the user's own and lacks it.
     virtual void clearAttributes(const std::string& path) = 0;
     virtual void createFolder(const std::string& path) = 0;
+    /// Gives a folder another name or place on the same disk, in one step. Throws
+    /// PathFileAccessError where anything is at the new place already.
+    virtual void moveFolder(const std::string& from, const std::string& to) = 0;
+    /// Removes a folder with all that it holds, and links without what they lead to.
+    virtual void removeFolder(const std::string& path) = 0;
     /// File names (no folders) in `folder` that match one of the patterns of a
     /// list such as "*.bmp;*.gif", in any case of letters, sorted by name. "*.*" is every file.
     virtual std::vector<std::string> list(const std::string& folder,

@@ -30,6 +30,12 @@ std::optional<Status> statusOf(const std::string& native) {
     throw systemError(errno, native);
 }
 
+std::string withoutClosingSlash(std::string native) {
+    while (native.size() > 1 && native.ends_with('/'))
+        native.pop_back();
+    return native;
+}
+
 bool isProtected(const Status& status) {
     return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0;
 }
@@ -148,6 +154,15 @@ bool NativeFiles::isFolder(const std::string& path) {
     return ::stat(foundPath(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+bool NativeFiles::isReadable(const std::string& path) {
+    if (path.find('\0') != std::string::npos)
+        return false;
+    const std::string native = foundPath(path);
+    Status status{};
+    return ::stat(native.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           ::faccessat(AT_FDCWD, native.c_str(), R_OK, AT_EACCESS) == 0;
+}
+
 std::uint64_t NativeFiles::length(const std::string& path) {
     const std::optional<Status> status = statusOf(foundPath(path));
     if (!status.has_value() || !S_ISREG(status->st_mode))
@@ -169,9 +184,7 @@ void NativeFiles::clearAttributes(const std::string& path) {
 }
 
 void NativeFiles::createFolder(const std::string& path) {
-    std::string native = foundPath(path);
-    while (native.size() > 1 && native.ends_with('/'))
-        native.pop_back();
+    const std::string native = withoutClosingSlash(foundPath(path));
     constexpr mode_t kEverybodyButTheMask = 0777;
     if (::mkdir(native.c_str(), kEverybodyButTheMask) != 0) {
         const int code = errno;
@@ -179,6 +192,28 @@ void NativeFiles::createFolder(const std::string& path) {
         throw code == ENOENT || code == ENOTDIR ? RunTimeError(ErrorNumber::PathNotFound)
                                                 : systemError(code, native);
     }
+}
+
+void NativeFiles::moveFolder(const std::string& from, const std::string& to) {
+    const std::string source = withoutClosingSlash(foundPath(from));
+    const std::string target = withoutClosingSlash(foundPath(to));
+    Status status{};
+    // The system would put a folder in the place of an empty one.
+    if (!isFolder(from) || ::lstat(target.c_str(), &status) == 0)
+        throw RunTimeError(ErrorNumber::PathFileAccessError);
+    if (::rename(source.c_str(), target.c_str()) != 0)
+        throw systemError(errno, target);
+    settleFolder(nativeFolder(target));
+}
+
+void NativeFiles::removeFolder(const std::string& path) {
+    const std::string native = withoutClosingSlash(foundPath(path));
+    if (!isFolder(path))
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    std::error_code error;
+    std::filesystem::remove_all(native, error);
+    if (error)
+        throw systemError(error.value(), native);
 }
 
 std::vector<std::string> NativeFiles::list(const std::string& folder, const std::string& patterns) {

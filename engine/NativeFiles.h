@@ -16,10 +16,14 @@ namespace quillon {
 class NativeFiles : public Files {
 public:
     bool isFolder(const std::string& path) override;
+    bool isReadable(const std::string& path) override;
     std::uint64_t length(const std::string& path) override;
     /// A file on a medium that cannot be written stays as it is, without an error.
     void clearAttributes(const std::string& path) override;
     void createFolder(const std::string& path) override;
+    /// The folder outlives a failure of the power under its new name.
+    void moveFolder(const std::string& from, const std::string& to) override;
+    void removeFolder(const std::string& path) override;
     /// Names that begin with a point are hidden here and left out. The order is
     /// that of the names without regard to case.
     std::vector<std::string> list(const std::string& folder, const std::string& patterns) override;

@@ -26,8 +26,8 @@ std::string temporaryName() {
     return name;
 }
 
-/// The new name outlives a crash only once its folder is on the disk. Some file
-/// systems refuse to be asked for that; the file is whole without it.
+}  // namespace
+
 void settleFolder(const std::string& folder) {
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (descriptor < 0)
@@ -35,8 +35,6 @@ void settleFolder(const std::string& folder) {
     ::fsync(descriptor);
     ::close(descriptor);
 }
-
-}  // namespace
 
 PendingFile::PendingFile(const std::string& target, mode_t mode) : target_(target) {
     constexpr int kAttempts = 100;

@@ -9,6 +9,10 @@
 
 namespace quillon {
 
+/// Waits until the names in a folder are on the disk: a new name outlives a crash
+/// only then. Some file systems refuse to be asked for that; nothing is lost by it.
+void settleFolder(const std::string& folder);
+
 /// A file under way: it is written beside its place under a name of its own and
 /// then put there in one step, so that a reader, a full disk or a crash never
 /// meets half a file. What is not put in place is removed. Paths are native;

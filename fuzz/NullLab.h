@@ -112,6 +112,8 @@ public:
     }
     void write(const std::string& /*key*/, const std::string& /*name*/,
                const std::string& /*value*/) override {}
+    void writeNumber(const std::string& /*key*/, const std::string& /*name*/,
+                     Long /*value*/) override {}
 };
 
 /// Every file holds the same bytes; one whose path ends in "x" does not exist.
@@ -119,9 +121,12 @@ class OneFile : public Files {
 public:
     std::string bytes;
     bool isFolder(const std::string& /*path*/) override { return true; }
+    bool isReadable(const std::string& path) override { return !path.ends_with('x'); }
     std::uint64_t length(const std::string& path) override { return read(path).size(); }
     void clearAttributes(const std::string& /*path*/) override {}
     void createFolder(const std::string& /*path*/) override {}
+    void moveFolder(const std::string& /*from*/, const std::string& /*to*/) override {}
+    void removeFolder(const std::string& /*path*/) override {}
     std::vector<std::string> list(const std::string& /*folder*/,
                                   const std::string& /*patterns*/) override {
         return {};

@@ -33,6 +33,16 @@ TEST(Registry, ALaterStringReplacesTheEarlierAndLeavesTheOthers) {
     EXPECT_EQ(desktop.store.values.size(), 2U);
 }
 
+TEST(Registry, ANumberReadsBackAsItsText) {
+    RecordingDesktop desktop;
+    for (const Long number : {0, 5, -1, 2147483647, -2147483647 - 1}) {
+        SaveRegistryNumber(desktop.store, kSettingsKey, "LUT", number);
+        EXPECT_EQ(GetRegistryString(desktop.store, kSettingsKey, "LUT"), std::to_string(number));
+    }
+    EXPECT_EQ(desktop.calls.of({"store.write"}).at(1),
+              "store.writeNumber(Software\\Brindlewood\\Quillon, LUT, 5)");
+}
+
 TEST(Registry, AMissingKeyOrValueReadsAsTheEmptyString) {
     RecordingDesktop desktop;
     EXPECT_EQ(GetRegistryString(desktop.store, kCompanionKey, "EXE"), "");
@@ -57,11 +67,15 @@ public:
     void write(const std::string&, const std::string&, const std::string&) override {
         throw RunTimeError(ErrorNumber::PermissionDenied);
     }
+    void writeNumber(const std::string&, const std::string&, Long) override {
+        throw RunTimeError(ErrorNumber::PermissionDenied);
+    }
 };
 
 TEST(Registry, AFailingStoreIsNotReportedAnywhere) {
     FailingStore store;
     EXPECT_NO_THROW(SaveRegistryString(store, kSettingsKey, "PATH", "x"));
+    EXPECT_NO_THROW(SaveRegistryNumber(store, kSettingsKey, "LUT", 5));
     EXPECT_EQ(GetRegistryString(store, kSettingsKey, "PATH"), "");
 }
 

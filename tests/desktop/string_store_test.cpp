@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include "desktop/QtStringStore.h"
@@ -58,6 +59,14 @@ TEST_F(StringStoreFile, AHandWrittenListIsOneText) {
     typed.write("[General]\nWNDO=1,2,3\n");
     typed.close();
     EXPECT_EQ(store.read(kKey, "WNDO"), "1, 2, 3");
+}
+
+TEST_F(StringStoreFile, ANumberThatAnotherProgramHasStoredReadsAsItsText) {
+    QSettings settings(file(), QSettings::NativeFormat);
+    settings.setValue(QStringLiteral("LUT"), 5);
+    settings.setValue(QStringLiteral("LOW"), -2147483647 - 1);
+    EXPECT_EQ(store.read(kKey, "LUT"), "5");
+    EXPECT_EQ(store.read(kKey, "LOW"), "-2147483648");
 }
 
 TEST_F(StringStoreFile, GarbageInTheFileIsNoError) {

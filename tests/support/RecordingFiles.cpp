@@ -43,6 +43,12 @@ bool contains(const std::set<std::string>& paths, const std::string& normalPath)
     });
 }
 
+/// Whether a path is a folder's own or that of something in it.
+bool isWithin(const std::string& normalPath, const std::string& folder) {
+    const std::string path = lowered(normalPath);
+    return path == lowered(folder) || path.starts_with(lowered(folder) + '\\');
+}
+
 bool matches(std::string_view name, std::string_view pattern) {
     if (pattern == "*.*" || pattern == "*")
         return true;
@@ -147,6 +153,11 @@ bool RecordingFiles::isFolder(const std::string& path) {
     return knowsFolder(normal(path));
 }
 
+bool RecordingFiles::isReadable(const std::string& path) {
+    log_.add("files.isReadable(" + path + ")");
+    return find(path) != nullptr && !contains(unreadable, normal(path));
+}
+
 std::uint64_t RecordingFiles::length(const std::string& path) {
     log_.add("files.length(" + path + ")");
     const File* file = find(path);
@@ -171,6 +182,37 @@ void RecordingFiles::createFolder(const std::string& path) {
         throw RunTimeError(ErrorNumber::PathFileAccessError);
     checkWritable(path);
     folders_.insert(normal(path));
+}
+
+void RecordingFiles::moveFolder(const std::string& from, const std::string& to) {
+    log_.add("files.moveFolder(" + from + ", " + to + ")");
+    const std::string source = normal(from);
+    const std::string target = normal(to);
+    if (!knowsFolder(source) || knowsFolder(target) || exists(to))
+        throw RunTimeError(ErrorNumber::PathFileAccessError);
+    checkWritable(target);
+    const auto moved = [&](const std::string& path) {
+        return isWithin(path, source) ? target + path.substr(source.size()) : path;
+    };
+    std::map<std::string, File> files;
+    for (auto& [path, file] : files_)
+        files.emplace(moved(path), std::move(file));
+    files_ = std::move(files);
+    std::set<std::string> folders;
+    for (const std::string& path : folders_)
+        folders.insert(moved(path));
+    folders_ = std::move(folders);
+}
+
+void RecordingFiles::removeFolder(const std::string& path) {
+    log_.add("files.removeFolder(" + path + ")");
+    const std::string folder = normal(path);
+    if (!knowsFolder(folder))
+        throw RunTimeError(ErrorNumber::PathNotFound);
+    if (contains(readOnlyFolders_, folderOf(folder)))
+        throw RunTimeError(ErrorNumber::PathFileAccessError);
+    std::erase_if(files_, [&](const auto& entry) { return isWithin(entry.first, folder); });
+    std::erase_if(folders_, [&](const std::string& entry) { return isWithin(entry, folder); });
 }
 
 std::vector<std::string> RecordingFiles::list(const std::string& folder,

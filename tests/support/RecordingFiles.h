@@ -52,9 +52,12 @@ public:
     void checkWritable(const std::string& path);
 
     bool isFolder(const std::string& path) override;
+    bool isReadable(const std::string& path) override;
     std::uint64_t length(const std::string& path) override;
     void clearAttributes(const std::string& path) override;
     void createFolder(const std::string& path) override;
+    void moveFolder(const std::string& from, const std::string& to) override;
+    void removeFolder(const std::string& path) override;
     std::vector<std::string> list(const std::string& folder, const std::string& patterns) override;
     void copy(const std::string& from, const std::string& to) override;
     void remove(const std::string& path) override;

@@ -320,4 +320,11 @@ void RecordingStringStore::write(const std::string& key, const std::string& name
         values[{key, name}] = value;
 }
 
+void RecordingStringStore::writeNumber(const std::string& key, const std::string& name,
+                                       Long value) {
+    log_.add(line("store.writeNumber", key, name, std::to_string(value)));
+    if (writable)
+        values[{key, name}] = std::to_string(value);
+}
+
 }  // namespace quillon

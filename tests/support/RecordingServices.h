@@ -277,12 +277,13 @@ class RecordingStringStore : public StringStore {
 public:
     explicit RecordingStringStore(CallLog& log) : log_(log) {}
 
-    /// By key and name.
+    /// By key and name; a number by its text.
     std::map<std::pair<std::string, std::string>, std::string> values;
     bool writable = true;
 
     std::string read(const std::string& key, const std::string& name) override;
     void write(const std::string& key, const std::string& name, const std::string& value) override;
+    void writeNumber(const std::string& key, const std::string& name, Long value) override;
 
 private:
     CallLog& log_;
