@@ -47,15 +47,19 @@ TEST_F(FolderSetup, TheUserIsToldBeforeTheFirstFolderIsMadeAndTheWaitPointerCome
         "dialogs.messageBox(" + desktop.dialogs.messages.at(0).text + ", Folder Setup, 64, Ok)",
         "files.createFolder(" + root + ")",
         "screen.setMousePointer(11)",
-        "files.createFolder(" + root + "Images\\)",
+        "files.createFolder(" + root + ".unfinished-Images\\)",
         "files.copy(C:\\Quillon\\Images\\Halvard-Image1.jpg, " + root +
-            "Images\\Halvard-Image1.jpg)",
-        "files.copy(C:\\Quillon\\Images\\README, " + root + "Images\\README)",
-        "files.copy(C:\\Quillon\\Images\\rings.gif, " + root + "Images\\rings.gif)",
-        "files.createFolder(" + root + "Scripts\\)",
-        "files.copy(C:\\Quillon\\Scripts\\swap.ftscr, " + root + "Scripts\\swap.ftscr)",
+            ".unfinished-Images\\Halvard-Image1.jpg)",
+        "files.copy(C:\\Quillon\\Images\\README, " + root + ".unfinished-Images\\README)",
+        "files.copy(C:\\Quillon\\Images\\rings.gif, " + root + ".unfinished-Images\\rings.gif)",
+        "files.moveFolder(" + root + ".unfinished-Images\\, " + root + "Images\\)",
+        "files.createFolder(" + root + ".unfinished-Scripts\\)",
+        "files.copy(C:\\Quillon\\Scripts\\swap.ftscr, " + root + ".unfinished-Scripts\\swap.ftscr)",
+        "files.moveFolder(" + root + ".unfinished-Scripts\\, " + root + "Scripts\\)",
         "screen.setMousePointer(0)"};
-    EXPECT_EQ(desktop.calls.of({"dialogs.", "files.createFolder", "files.copy", "screen."}), steps);
+    EXPECT_EQ(desktop.calls.of({"dialogs.", "files.createFolder", "files.copy", "files.moveFolder",
+                                "files.removeFolder", "screen."}),
+              steps);
 }
 
 TEST_F(FolderSetup, ASecondRunNeitherTellsNorCopies) {
@@ -105,7 +109,7 @@ public:
     using RecordingFiles::RecordingFiles;
     void createFolder(const std::string& path) override {
         RecordingFiles::createFolder(path);
-        if (path.ends_with("\\Images\\")) {
+        if (path.ends_with("\\.unfinished-Images\\")) {
             addFile(path + "Halvard-Image1.jpg", "the user's own").readOnly = true;
             addFile(path + "RINGS.GIF", "");
         }
@@ -157,9 +161,30 @@ TEST_F(FolderSetup, ADemonstrationFileThatCannotBeReadEndsTheSetUp) {
     setUp();
     ASSERT_EQ(desktop.dialogs.messages.size(), 2U);
     EXPECT_EQ(desktop.dialogs.messages[1].text, "Error: Path/File access error");
-    EXPECT_TRUE(has(root + "Images\\Halvard-Image1.jpg"));
-    EXPECT_FALSE(has(root + "Images\\rings.gif"));
+    EXPECT_FALSE(desktop.files.isFolder(root + "Images"));
     EXPECT_FALSE(desktop.files.isFolder(root + "Scripts"));
+}
+
+TEST_F(FolderSetup, ASetUpThatFailsLeavesNoHalfFilledFolderBehind) {
+    desktop.files.unreadable.insert("C:\\Quillon\\Images\\README");
+    setUp();
+    EXPECT_FALSE(desktop.files.isFolder(root + "Images"));
+    EXPECT_FALSE(desktop.files.isFolder(root + ".unfinished-Images"));
+    desktop.files.unreadable.clear();
+    setUp();
+    EXPECT_EQ(desktop.files.bytesOf(root + "Images\\README"), "no extension");
+    EXPECT_TRUE(has(root + "Scripts\\swap.ftscr"));
+}
+
+TEST_F(FolderSetup, AHalfFilledFolderOfAStartThatWasKilledIsBegunAnew) {
+    desktop.files.addFile(root + ".unfinished-Images\\Halvard-Image1.jpg", "of an earlier version");
+    desktop.files.addFile(root + ".unfinished-Images\\half", "o");
+    setUp();
+    EXPECT_TRUE(desktop.dialogs.messages.empty());
+    EXPECT_EQ(desktop.files.bytesOf(root + "Images\\Halvard-Image1.jpg"), "one");
+    EXPECT_TRUE(has(root + "Images\\rings.gif"));
+    EXPECT_FALSE(has(root + "Images\\half"));
+    EXPECT_FALSE(desktop.files.isFolder(root + ".unfinished-Images"));
 }
 
 }  // namespace

@@ -48,13 +48,13 @@ TEST_F(MainRoutine, FoldersSetUpWindowAndProbeFollowOneAnother) {
     const std::vector<std::string> steps = {
         "environment.applicationDataFolder()",
         "files.createFolder(" + root + ")",
-        "files.createFolder(" + root + "Images\\)",
-        "files.createFolder(" + root + "Scripts\\)",
+        "files.moveFolder(" + root + ".unfinished-Images\\, " + root + "Images\\)",
+        "files.moveFolder(" + root + ".unfinished-Scripts\\, " + root + "Scripts\\)",
         "opener.openMainWindow()",
         "store.read(Software\\Brindlewood\\Sorrel, EXE)",
         "shell.openAddress(https://www.brindlewood.example/products/Sorrel)"};
-    EXPECT_EQ(desktop.calls.of({"environment.applicationData", "files.createFolder", "opener.",
-                                "store.", "shell."}),
+    EXPECT_EQ(desktop.calls.of({"environment.applicationData", "files.createFolder(" + root + ")",
+                                "files.moveFolder", "opener.", "store.", "shell."}),
               steps);
 }
 

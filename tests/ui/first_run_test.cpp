@@ -10,6 +10,7 @@
 #include "tests/support/FormFixture.h"
 #include "tests/support/OrdinaryUser.h"
 #include "tests/support/TemporaryFolder.h"
+#include "tests/support/TinyDisk.h"
 
 // First and later runs on real folders in a temporary home.
 
@@ -126,6 +127,30 @@ TEST_F(FirstRun, AReadOnlyHomeIsToldAndTheWindowStands) {
     EXPECT_EQ(told[3], "SCRIPT FOLDER not found !");
     EXPECT_EQ(host.shows, 1);
     EXPECT_FALSE(fs::exists(place.path() / "home" / "Quillon"));
+}
+
+TEST_F(FirstRun, ADiskThatRunsFullInMidCopyLeavesNothingThatCountsAndTheNextStartHasAll) {
+    const std::string large(300000, 'p');
+    for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
+        place.write(std::string("program/Images/") + name, large);
+    fs::create_directories(place.path() / "home/Quillon");
+    const TinyDisk disk(place.file("home/Quillon"), 750000);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "this user may mount no disk";
+    run();
+    const std::vector<std::string> told = titles();
+    ASSERT_FALSE(told.empty());
+    EXPECT_EQ(told[0], "Userfolder Error");
+    EXPECT_EQ(desktop.dialogs.messages[0].text, "Error: Disk full");
+    EXPECT_TRUE(fs::is_empty(place.path() / "home/Quillon"));
+
+    ASSERT_TRUE(disk.resize(2000000));
+    run();
+    EXPECT_EQ(titles(), std::vector<std::string>{});
+    for (const char* name : {"a.bmp", "b.bmp", "c.bmp"})
+        EXPECT_TRUE(place.read(std::string("home/Quillon/Images/") + name) == large) << name;
+    EXPECT_EQ(place.read("home/Quillon/Scripts/swap.ftscr"), "TITLE Swap\r\n");
+    EXPECT_FALSE(fs::exists(place.path() / "home/Quillon/.unfinished-Images"));
 }
 
 TEST_F(FirstRun, AStartScriptWithBlanksAndAccentsIsFoundOnTheRealDisk) {
