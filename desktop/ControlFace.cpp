@@ -120,7 +120,11 @@ bool ControlFace::eventFilter(QObject* watched, QEvent* event) {
             release(static_cast<const QMouseEvent&>(*event));
             break;
         case QEvent::DragEnter:
-            offerDrop(static_cast<QDragEnterEvent&>(*event));
+            enterDrag(static_cast<QDropEvent&>(*event));
+            answerDrag(static_cast<QDropEvent&>(*event));
+            return true;
+        case QEvent::DragMove:
+            answerDrag(static_cast<QDropEvent&>(*event));
             return true;
         case QEvent::Drop:
             drop(static_cast<QDropEvent&>(*event));
@@ -180,14 +184,21 @@ void ControlFace::dragBy(QPoint way) {
     control_.Top = toTwips(std::clamp(place.y(), 0, std::max(0, room.height())));
 }
 
-void ControlFace::offerDrop(QDragEnterEvent& event) {
-    if (!filesOf(event.mimeData()).empty())
-        event.acceptProposedAction();
+void ControlFace::enterDrag(const QDropEvent& event) {
+    wantsDrag_ = form_.takesDrop(control_, filesOf(event.mimeData()));
+}
+
+void ControlFace::answerDrag(QDropEvent& event) const {
+    // The lab only reads. A source that is told of a move deletes its file, and
+    // one that can do nothing else is left with it.
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(wantsDrag_ && event.possibleActions().testFlag(Qt::CopyAction));
 }
 
 void ControlFace::drop(QDropEvent& event) {
-    event.acceptProposedAction();
-    form_.OLEDragDrop(control_, filesOf(event.mimeData()));
+    answerDrag(event);
+    if (event.isAccepted())
+        form_.OLEDragDrop(control_, filesOf(event.mimeData()));
 }
 
 }  // namespace quillon

@@ -7,7 +7,6 @@
 #include "engine/Control.h"
 #include "ui/Form1.h"
 
-class QDragEnterEvent;
 class QDropEvent;
 class QMouseEvent;
 class QWidget;
@@ -57,7 +56,10 @@ private:
     void press(const QMouseEvent& event);
     void release(const QMouseEvent& event);
     void move(const QMouseEvent& event);
-    void offerDrop(QDragEnterEvent& event);
+    /// Files come over the control: asks the lab once whether it takes them.
+    void enterDrag(const QDropEvent& event);
+    /// Says to the source what becomes of its files here: they are copied, or refused.
+    void answerDrag(QDropEvent& event) const;
     void drop(QDropEvent& event);
 
     Form1& form_;
@@ -66,6 +68,7 @@ private:
     bool marked_ = false;
     bool pressed_ = false;
     bool dragging_ = false;
+    bool wantsDrag_ = false;
     QPoint pressedAt_;
     QPoint placeAtPress_;
     Integer pointer_ = kPointerDefault;

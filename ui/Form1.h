@@ -214,6 +214,9 @@ public:
     void remoteKeyPress(Integer& KeyAscii) override { KeyPress(KeyAscii); }
     void remoteKeyUp(Integer& KeyCode, Integer& Shift) override { KeyUp(KeyCode, Shift); }
     /// Files dropped on an image panel.
+    /// Whether files that are dropped there do something: the first of them counts,
+    /// and it must be a picture or a script that can be read.
+    bool takesDrop(const Control& where, const std::vector<std::string>& files);
     void OLEDragDrop(Control& where, const std::vector<std::string>& files);
 
     // --- Menus (Form1_menus.cpp): a choice of the user, and the click handlers by

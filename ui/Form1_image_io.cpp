@@ -15,6 +15,10 @@ namespace {
 constexpr std::string_view kScriptExtension = ".FTSCR";
 constexpr std::string_view kMaskExtension = ".FTMSK";
 
+bool isScriptFile(const std::string& file) {
+    return upperCased(file).ends_with(kScriptExtension);
+}
+
 }  // namespace
 
 void Form1::LoadPanelImage(Integer panel, const std::string& file) {
@@ -49,6 +53,19 @@ void Form1::PrintPanel(Integer panel) {
     quillon::PrintPanel(lab, panel);
 }
 
+bool Form1::takesDrop(const Control& where, const std::vector<std::string>& files) {
+    if (files.empty() || (&where != &pb1 && &where != &pb4))
+        return false;
+    const std::string& file = files.front();
+    try {
+        // A script may be without a line; a picture without a byte is none.
+        return desktop.files.isReadable(file) &&
+               (isScriptFile(file) || (isPictureFile(file) && desktop.files.length(file) > 0));
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
 void Form1::OLEDragDrop(Control& where, const std::vector<std::string>& files) {
     if (files.empty() || (&where != &pb1 && &where != &pb4))
         return;
@@ -60,7 +77,7 @@ void Form1::takeDropped(Channel which, const std::string& file) {
     try {
         if (isPictureFile(file))
             dropImage(lab, which, file);
-        if (upperCased(file).ends_with(kScriptExtension))
+        if (isScriptFile(file))
             ReadScript(file);
         if (upperCased(file).ends_with(kMaskExtension))
             dropMaskFile(file, spectrumPanelId(which));
