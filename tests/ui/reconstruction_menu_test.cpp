@@ -54,7 +54,7 @@ TEST_F(ReconstructionMenu, CopySaveAndPrintWorkOnItsOwnPanel) {
         EXPECT_EQ(desktop.pictures.saved.back().second, reconstruction(which).Image());
         desktop.printer.marks.clear();
         click(which, 4);
-        EXPECT_EQ(desktop.printer.marks[0].text, "FFT - " + channel(which).file + "!");
+        EXPECT_EQ(desktop.printer.marks[0].text, "FFT - " + channel(which).sfile + "!");
     }
 }
 
