@@ -201,7 +201,8 @@ public:
     void SetFTArray(const ExchangeArray& p);
 
     /// One step of the intensity factor of the scale in force: down by 0.9 for m
-    /// below 1, else up by 1.11; redraws.
+    /// below 1, else up by 1.11; redraws. A step after which the draw would
+    /// overflow is not made: factor and picture stay.
     void ChangeBrightness(Integer m);
     /// Redraws from the stored data: mode 1 the spectrum, 0 the reconstruction,
     /// any other nothing. A positive ifac becomes the linear factor first.
@@ -254,6 +255,8 @@ private:
     /// in a message box.
     void DrawFT(const ComplexGrid& data, Long w, Long h, PictureBox* pb, Integer mode, bool invert);
     void drawSurfaceIfShown();
+    /// Whether a draw of the spectrum as things stand now ends in an overflow.
+    bool spectrumOverflows();
     template <class Visit>
     void visitSpectrum(Visit visit);
     template <class Edit>

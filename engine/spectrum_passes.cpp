@@ -137,12 +137,16 @@ void SpectrumPasses::scale(std::span<Single> values) const noexcept {
         rows.scaleLinear(values.data(), values.size(), vmax);
 }
 
+bool SpectrumPasses::overflows(const SpectrumLook& look) const noexcept {
+    return !std::isfinite(greatestStep_ * look.factor());
+}
+
 void SpectrumPasses::paint(const SpectrumLook& look, SpectrumIndex& ftIndex,
                            std::span<PixelWord> words) const {
     const auto& [revision, w, h, view, scale] = *source_;
     if (ftIndex.xBound() < w - 1 || ftIndex.yBound() < h - 1)
         throw RunTimeError(ErrorNumber::SubscriptOutOfRange);
-    if (!std::isfinite(greatestStep_ * look.factor())) {
+    if (overflows(look)) {
         ftIndex.note(cellsUpToOverflow(look.factor()));
         throw RunTimeError(ErrorNumber::Overflow);
     }

@@ -48,6 +48,9 @@ public:
     /// the cells do not all exist.
     bool measure(const ComplexGrid& cells, Long w, Long h, const SpectrumLook& look);
 
+    /// Whether the second pass would overflow with this look, after a first one for it.
+    bool overflows(const SpectrumLook& look) const noexcept;
+
     /// The second pass, after a first one for the same look that found something:
     /// colours the cells as the panel shows them, rows from the top, the zero
     /// frequency on (w/2 - 1, h/2 - 1), and notes in `ftIndex` which cell each

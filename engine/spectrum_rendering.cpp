@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cmath>
+
 #include "engine/NumberText.h"
 #include "engine/RunTimeError.h"
 #include "engine/clComplexImage.h"
@@ -13,10 +16,9 @@ constexpr Single kLeastSqrtFactor = 0.01F;
 constexpr Single kLeastLinearFactor = 0.1F;
 constexpr Single kLeastEnteredFactor = 0.05F;
 
-/// One step of a factor. It has no upper limit but the range of a Single.
-Single stepped(Single factor, Double step, Single least) {
-    const Single next = checkedSingle(factor * step);
-    return next < least ? least : next;
+/// One step of a factor; beyond the range of a Single it is infinite.
+Single stepped(Single factor, Double step, Single least) noexcept {
+    return std::max(least, static_cast<Single>(factor * step));
 }
 
 }  // namespace
@@ -93,11 +95,24 @@ void clComplexImage::SetScale(Integer m) {
 
 void clComplexImage::ChangeBrightness(Integer m) {
     const Double step = m < 1 ? kDimmer : kBrighter;
-    if (bSqrtScale)
-        ifacSqrt = stepped(ifacSqrt, step, kLeastSqrtFactor);
+    Single& factor = bSqrtScale ? ifacSqrt : ifacLinear;
+    const Single before = factor;
+    factor = stepped(before, step, bSqrtScale ? kLeastSqrtFactor : kLeastLinearFactor);
+    // A held control would open one message box after the other.
+    if (!std::isfinite(factor) || spectrumOverflows())
+        factor = before;
     else
-        ifacLinear = stepped(ifacLinear, step, kLeastLinearFactor);
-    RedrawFT(1, ifacLinear);
+        RedrawFT(1, ifacLinear);
+}
+
+bool clComplexImage::spectrumOverflows() {
+    try {
+        const SpectrumLook look = spectrumLook(bInvert[1]);
+        return spectrumPasses.measure(ftData, nfftX, nfftY, look) && spectrumPasses.overflows(look);
+    } catch (const RunTimeError& error) {
+        // Any other failure is left to the draw.
+        return error.number() == ErrorNumber::Overflow;
+    }
 }
 
 std::string clComplexImage::getIntFac() {

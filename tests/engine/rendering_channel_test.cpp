@@ -259,14 +259,41 @@ TEST_F(LiveChannel, BrightnessStopsAtTheLeastFactorOfEachScale) {
     EXPECT_EQ(channel.sqrtFactor(), 0.01F);
 }
 
-TEST_F(LiveChannel, BrightnessHasNoUpperLimitButTheRangeOfASingle) {
+TEST_F(LiveChannel, AStepAfterWhichTheDrawWouldOverflowLeavesFactorAndPicture) {
+    for (const Integer scale : std::initializer_list<Integer>{0, 1}) {
+        channel.SetScale(scale);
+        const auto factor = [&] {
+            return scale == 0 ? channel.linearFactor() : channel.sqrtFactor();
+        };
+        channel.setIntFac(1e30F);
+        Single before = 0;
+        while (factor() != before) {
+            before = factor();
+            lab.log.clear();
+            channel.ChangeBrightness(1);
+            ASSERT_LT(factor(), 3e38F);
+        }
+        EXPECT_GT(factor(), 1e35F) << "there is no limit but the range of a Single";
+        EXPECT_TRUE(lab.log.empty()) << "nothing is drawn";
+        EXPECT_TRUE(lab.desktop.dialogs.messages.empty());
+        EXPECT_EQ(lab.pb2.Image().words, slowSpectrum());
+        EXPECT_EQ(channel.spectrumIndex()(127, 127).u, 0);
+        EXPECT_EQ(channel.spectrumIndex()(0, 0).u, 129);
+        channel.ChangeBrightness(-1);
+        EXPECT_EQ(factor(), static_cast<Single>(before * 0.9)) << "there is a way back";
+    }
+}
+
+TEST_F(LiveChannel, AStepBeyondTheRangeOfASingleLeavesTheFactorToo) {
     channel.SetScale(0);
-    channel.setIntFac(1e30F);
-    channel.ChangeBrightness(1);
-    EXPECT_EQ(channel.linearFactor(), static_cast<Single>(1e30F * 1.11));
+    // The draw of a factor that was typed tells of its overflow.
     channel.setIntFac(3.3e38F);
-    EXPECT_THROW(channel.ChangeBrightness(1), RunTimeError);
-    EXPECT_EQ(channel.linearFactor(), 3.3e38F);
+    lab.desktop.dialogs.messages.clear();
+    for (const Integer direction : std::initializer_list<Integer>{1, -1}) {
+        channel.ChangeBrightness(direction);
+        EXPECT_EQ(channel.linearFactor(), 3.3e38F) << "no draw of the next one either";
+    }
+    EXPECT_TRUE(lab.desktop.dialogs.messages.empty());
 }
 
 TEST_F(LiveChannel, AnEnteredFactorGoesToTheScaleInForceAndIsAtLeastATwentieth) {
