@@ -1,8 +1,10 @@
 #include "desktop/DesktopApplication.h"
 
 #include <QProxyStyle>
+#include <QThread>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 #include "engine/RunTimeError.h"
 #include "engine/Version.h"
@@ -74,12 +76,66 @@ void DesktopApplication::resetEnding() {
 }
 
 bool DesktopApplication::notify(QObject* receiver, QEvent* event) {
-    try {
+    // The toolkit's own threads deliver events too; the lab has only this one.
+    if (QThread::currentThread() != thread())
         return QApplication::notify(receiver, event);
+    bool taken = true;
+    ++deliveries_;
+    try {
+        taken = QApplication::notify(receiver, event);
     } catch (const std::exception&) {
-        endWith(std::current_exception());
-        return true;
+        fail(std::current_exception());
     }
+    if (--deliveries_ == 0)
+        runWaiting();
+    return taken;
+}
+
+void DesktopApplication::fail(std::exception_ptr error) {
+    // The handler that failed is over.
+    runWaiting();
+    const Interlude interlude;
+    endWith(std::move(error));
+}
+
+DesktopApplication* DesktopApplication::current() {
+    return dynamic_cast<DesktopApplication*>(instance());
+}
+
+void DesktopApplication::afterDelivery(std::function<void()> act) {
+    DesktopApplication* application = current();
+    if (application == nullptr || application->deliveries_ == 0)
+        act();
+    else
+        application->waiting_.push_back(std::move(act));
+}
+
+void DesktopApplication::runWaiting() {
+    while (!waiting_.empty()) {
+        const std::function<void()> act = std::move(waiting_.front());
+        waiting_.pop_front();
+        ++deliveries_;
+        try {
+            act();
+        } catch (const std::exception&) {
+            fail(std::current_exception());
+        }
+        --deliveries_;
+    }
+}
+
+DesktopApplication::Interlude::Interlude() : application_(current()) {
+    if (application_ == nullptr)
+        return;
+    deliveries_ = std::exchange(application_->deliveries_, 0);
+    waiting_ = std::exchange(application_->waiting_, {});
+}
+
+DesktopApplication::Interlude::~Interlude() {
+    if (application_ == nullptr)
+        return;
+    application_->deliveries_ = deliveries_;
+    application_->waiting_ = std::move(waiting_);
 }
 
 void DesktopApplication::endWith(std::exception_ptr error) {

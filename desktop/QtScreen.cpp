@@ -4,6 +4,7 @@
 #include <QPalette>
 
 #include "desktop/Conversions.h"
+#include "desktop/DesktopApplication.h"
 
 namespace quillon {
 
@@ -25,6 +26,7 @@ void QtScreen::setMousePointer(Integer pointer) {
 }
 
 void QtScreen::pendingEvents() {
+    const DesktopApplication::Interlude interlude;
     QCoreApplication::processEvents();
 }
 
