@@ -24,6 +24,7 @@
 #include "desktop/RimmedLabel.h"
 #include "desktop/TimerFace.h"
 #include "desktop/faces.h"
+#include "desktop/hand_pace.h"
 
 namespace quillon {
 
@@ -159,8 +160,7 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
             watchers_.push_back(std::make_unique<OverlayFace>(control, parent));
             break;
         case ControlKind::Timer:
-            watchers_.push_back(std::make_unique<TimerFace>(static_cast<Timer&>(control),
-                                                            [this] { form_.Timer1_Timer(); }));
+            watchers_.push_back(heldControlsTimer(static_cast<Timer&>(control)));
             break;
         case ControlKind::Browser:
             watchers_.push_back(std::make_unique<BrowserFace>(form_, static_cast<Browser&>(control),
@@ -175,6 +175,14 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
             toQString(*row.accessibleName != '\0' ? row.accessibleName : row.caption));
         faces_.back()->stale(control);
     }
+}
+
+std::unique_ptr<ControlWatcher> FormWindow::heldControlsTimer(Timer& timer) {
+    return std::make_unique<TimerFace>(
+        timer, [this] { form_.Timer1_Timer(); },
+        [this, &timer](int ticks) {
+            return waitBeforeStep(form_.stepsAtPress() + ticks, timer.Interval);
+        });
 }
 
 void FormWindow::show() {

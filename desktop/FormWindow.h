@@ -58,6 +58,8 @@ private:
     class Surface;
 
     void build(const ControlRow& row, Control& control, BrowserPaneMaker& browser);
+    /// What ticks for a held [-] or [+].
+    std::unique_ptr<ControlWatcher> heldControlsTimer(Timer& timer);
     QWidget& parentWidgetOf(const Control& control);
     void layOut();
     /// Screens come and go between two sessions: the window is where it can be seen.

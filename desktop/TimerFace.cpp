@@ -4,9 +4,10 @@
 
 namespace quillon {
 
-TimerFace::TimerFace(Timer& timer, std::function<void()> tick) : timer_(&timer) {
+TimerFace::TimerFace(Timer& timer, std::function<void()> tick, Pace pace)
+    : timer_(&timer), tick_(std::move(tick)), pace_(std::move(pace)) {
     ticker_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&ticker_, &QTimer::timeout, std::move(tick));
+    QObject::connect(&ticker_, &QTimer::timeout, [this] { this->tick(); });
     timer_->watch(this);
 }
 
@@ -17,11 +18,26 @@ void TimerFace::release() {
 }
 
 void TimerFace::stale(Control& /*control*/) {
-    ticker_.setInterval(timer_->Interval);
-    if (timer_->Enabled && !ticker_.isActive())
-        ticker_.start();
-    else if (!timer_->Enabled)
+    if (!timer_->Enabled) {
         ticker_.stop();
+        return;
+    }
+    if (!ticker_.isActive()) {
+        ticks_ = 0;
+        start();
+    }
+}
+
+void TimerFace::start() {
+    ticker_.start(pace_ ? pace_(ticks_) : timer_->Interval);
+}
+
+void TimerFace::tick() {
+    ++ticks_;
+    // Anew at each tick: a late one does not bring the next one sooner.
+    if (pace_)
+        start();
+    tick_();
 }
 
 }  // namespace quillon

@@ -201,6 +201,8 @@ public:
     void ShowIntensityFactor();
     /// One step of what Timer1.Tag names.
     void Timer1_Timer();
+    /// How many steps the held control has made at its press.
+    Integer stepsAtPress() const;
 
     // --- Events. X and Y are pixels in panels of pixel scale, else twips.
     void MouseDown(Control& where, Integer Button, Integer Shift, Single X, Single Y);

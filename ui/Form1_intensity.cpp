@@ -74,6 +74,13 @@ void Form1::Timer1_Timer() {
     ShowIntensityFactor();
 }
 
+Integer Form1::stepsAtPress() const {
+    for (const RepeatedStep& step : kSteps)
+        if (Timer1.Tag == step.tag)
+            return step.channel == Channel::One ? 1 : 0;
+    return 0;
+}
+
 void Form1::ShowIntensityFactor() {
     if (fr2.Tag != kHeld && fr5.Tag != kHeld)
         return;

@@ -99,6 +99,35 @@ TEST_F(IntensityControls, EachTickStepsOnceMore) {
     EXPECT_EQ(factor1(), "72.9 (linear)");
 }
 
+TEST_F(IntensityControls, HeldForeverTheyStopAtTheLastFactorThatCanBeDrawn) {
+    for (Label* control : {&form.lbBR1(1), &form.lbBR2(1)}) {
+        hold(*control);
+        std::string before;
+        for (int tick = 0; tick < 1000; ++tick) {
+            before = factor1() + factor2();
+            form.Timer1_Timer();
+        }
+        EXPECT_EQ(factor1() + factor2(), before);
+        release(*control);
+        EXPECT_TRUE(desktop.dialogs.messages.empty());
+    }
+    hold(form.lbBR1(0));
+    EXPECT_EQ(form.fr2.Caption.get(), "Intensity Factor: " + factor1());
+    release(form.lbBR1(0));
+}
+
+TEST_F(IntensityControls, TheHeldControlSaysWhetherItHasSteppedAtItsPress) {
+    for (Integer i = 0; i <= 1; ++i) {
+        hold(form.lbBR1(i));
+        EXPECT_EQ(form.stepsAtPress(), 1);
+        release(form.lbBR1(i));
+        EXPECT_EQ(form.stepsAtPress(), 0);
+        hold(form.lbBR2(i));
+        EXPECT_EQ(form.stepsAtPress(), 0);
+        release(form.lbBR2(i));
+    }
+}
+
 TEST_F(IntensityControls, AnEmptyTagSwitchesTheTimerOffAndStepsNothing) {
     form.Timer1.Enabled = true;
     form.Timer1_Timer();
