@@ -9,7 +9,7 @@
 #include <algorithm>
 
 #include "desktop/Conversions.h"
-#include "desktop/input_codes.h"
+#include "desktop/HeldMouse.h"
 #include "desktop/pointers.h"
 
 namespace quillon {
@@ -29,8 +29,8 @@ std::vector<std::string> filesOf(const QMimeData* content) {
 
 }  // namespace
 
-ControlFace::ControlFace(Form1& form, Control& control, QWidget& widget)
-    : form_(form), control_(control), widget_(widget) {
+ControlFace::ControlFace(Form1& form, HeldMouse& mouse, Control& control, QWidget& widget)
+    : form_(form), mouse_(mouse), control_(control), widget_(widget) {
     widget_.setObjectName(toQString(control.Name));
     widget_.setMouseTracking(true);
     widget_.setContextMenuPolicy(Qt::PreventContextMenu);
@@ -40,6 +40,7 @@ ControlFace::ControlFace(Form1& form, Control& control, QWidget& widget)
 
 ControlFace::~ControlFace() {
     control_.watch(nullptr);
+    mouse_.forget(*this);
 }
 
 void ControlFace::stale(Control& /*control*/) {
@@ -99,25 +100,16 @@ bool ControlFace::eventFilter(QObject* watched, QEvent* event) {
         return QObject::eventFilter(watched, event);
     switch (event->type()) {
         case QEvent::MouseButtonPress:
-            press(static_cast<const QMouseEvent&>(*event));
+            mouse_.press(*this, static_cast<const QMouseEvent&>(*event));
             break;
-        case QEvent::MouseButtonDblClick: {
-            const auto& mouse = static_cast<const QMouseEvent&>(*event);
-            // The other buttons have no double click: two quick presses of the
-            // right one open the menu twice.
-            if (mouse.button() != Qt::LeftButton) {
-                press(mouse);
-                break;
-            }
-            pressed_ = false;
-            form_.DblClick(control_);
+        case QEvent::MouseButtonDblClick:
+            mouse_.doublePress(*this, static_cast<const QMouseEvent&>(*event));
             break;
-        }
         case QEvent::MouseMove:
-            move(static_cast<const QMouseEvent&>(*event));
+            mouse_.move(*this, static_cast<const QMouseEvent&>(*event));
             break;
         case QEvent::MouseButtonRelease:
-            release(static_cast<const QMouseEvent&>(*event));
+            mouse_.release(*this, static_cast<const QMouseEvent&>(*event));
             break;
         case QEvent::DragEnter:
             enterDrag(static_cast<QDropEvent&>(*event));
@@ -135,42 +127,6 @@ bool ControlFace::eventFilter(QObject* watched, QEvent* event) {
     // Taken, so that the event does not go on to the control below.
     event->accept();
     return true;
-}
-
-void ControlFace::press(const QMouseEvent& event) {
-    pressed_ = event.button() == Qt::LeftButton;
-    pressedAt_ = event.globalPosition().toPoint();
-    const QPointF at = toControl(event.position());
-    // All buttons that are down: a press of the right one beside another opens no menu.
-    form_.MouseDown(control_, buttonCodes(event.buttons() | event.button()),
-                    shiftState(event.modifiers()), static_cast<Single>(at.x()),
-                    static_cast<Single>(at.y()));
-}
-
-void ControlFace::move(const QMouseEvent& event) {
-    if (dragging_ && event.buttons().testFlag(Qt::LeftButton)) {
-        dragBy(event.globalPosition().toPoint() - pressedAt_);
-        return;
-    }
-    dragging_ = false;
-    const QPointF at = toControl(event.position());
-    form_.MouseMove(control_, buttonCodes(event.buttons()), shiftState(event.modifiers()),
-                    static_cast<Single>(at.x()), static_cast<Single>(at.y()));
-}
-
-void ControlFace::release(const QMouseEvent& event) {
-    dragging_ = false;
-    const QPointF at = toControl(event.position());
-    form_.MouseUp(control_, buttonCodes(event.button()), shiftState(event.modifiers()),
-                  static_cast<Single>(at.x()), static_cast<Single>(at.y()));
-    const bool clicked = pressed_ && event.button() == Qt::LeftButton;
-    if (clicked && widget_.rect().contains(event.position().toPoint()))
-        form_.Click(control_);
-}
-
-void ControlFace::beginDrag() {
-    dragging_ = true;
-    placeAtPress_ = placeOfDragged();
 }
 
 QPoint ControlFace::placeOfDragged() const {

@@ -241,13 +241,6 @@ void DimWindow::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
 }
 
-void DimWindow::mouseDoubleClickEvent(QMouseEvent* event) {
-    event->accept();
-    // Two quick presses of the right button are two presses.
-    if (event->button() != Qt::LeftButton)
-        dim_.MouseDown(buttonCodes(event->buttons() | event->button()));
-}
-
 bool DimWindow::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseButtonPress:

@@ -17,6 +17,7 @@
 #include "desktop/DimWindow.h"
 #include "desktop/ExportDialog.h"
 #include "desktop/FrameWidget.h"
+#include "desktop/HeldMouse.h"
 #include "desktop/KeyPreview.h"
 #include "desktop/LabMenus.h"
 #include "desktop/LampWidget.h"
@@ -66,9 +67,10 @@ bool takesFiles(const Control& control) {
 class FormWindow::Surface : public ControlFace {
 public:
     Surface(FormWindow& window, QWidget& area)
-        : ControlFace(window.form_, window.form_, area), window_(window) {
+        : ControlFace(window.form_, *window.mouse_, window.form_, area), window_(window) {
         area.setAutoFillBackground(true);
     }
+    void dragBy(QPoint way) override { window_.move(placeAtPress() + way); }
 
 protected:
     void takeState() override {
@@ -80,7 +82,6 @@ protected:
         window_.takePlace();
         takePointer();
     }
-    void dragBy(QPoint way) override { window_.move(placeAtPress() + way); }
     QPoint placeOfDragged() const override { return window_.pos(); }
 
 private:
@@ -92,6 +93,7 @@ FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser)
     setObjectName(QStringLiteral("FormWindow"));
     setFocusPolicy(Qt::StrongFocus);
     menus_ = std::make_unique<LabMenus>(form_, *bar_);
+    mouse_ = std::make_unique<HeldMouse>(form_, *this);
     surface_ = std::make_unique<Surface>(*this, *area_);
     for (Control* control : form_.controls())
         build(form_.rowOf(*control), *control, browser);
@@ -130,7 +132,7 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
             auto& panel = static_cast<PictureBox&>(control);
             auto* panelWidget = new PanelWidget(panel, &parent);
             panelWidget->setAcceptDrops(takesFiles(control));
-            faces_.push_back(std::make_unique<PanelFace>(form_, panel, *panelWidget));
+            faces_.push_back(std::make_unique<PanelFace>(form_, *mouse_, panel, *panelWidget));
             widget = panelWidget;
             break;
         }
@@ -139,17 +141,17 @@ void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker
             auto* label = panel != nullptr ? new RimmedLabel(*panel, &parent) : new QLabel(&parent);
             label->setIndent(isStatusCell(control) ? kStatusIndent : 0);
             faces_.push_back(
-                std::make_unique<LabelFace>(form_, control, *label, alignmentOf(control)));
+                std::make_unique<LabelFace>(form_, *mouse_, control, *label, alignmentOf(control)));
             widget = label;
             break;
         }
         case ControlKind::Frame:
             widget = new FrameWidget(control, &parent);
-            faces_.push_back(std::make_unique<ControlFace>(form_, control, *widget));
+            faces_.push_back(std::make_unique<ControlFace>(form_, *mouse_, control, *widget));
             break;
         case ControlKind::Image:
             widget = new LampWidget(&parent);
-            faces_.push_back(std::make_unique<ControlFace>(form_, control, *widget));
+            faces_.push_back(std::make_unique<ControlFace>(form_, *mouse_, control, *widget));
             break;
         case ControlKind::Shape:
             static_cast<PanelWidget&>(parent).addShape(static_cast<Shape&>(control));
@@ -253,6 +255,8 @@ void FormWindow::unloaded() {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
+    // What is being drawn belongs to the session that is written now.
+    mouse_->settle();
     form_.unload();
     event->accept();
 }
@@ -261,15 +265,17 @@ void FormWindow::drag(Control& control) {
     if (&control == &form_) {
         // The window system moves a window best. Where it does not, the window
         // follows the pointer like any control.
-        if (windowHandle() == nullptr || !windowHandle()->startSystemMove())
-            surface_->beginDrag();
+        if (windowHandle() != nullptr && windowHandle()->startSystemMove())
+            mouse_->lose();
+        else
+            mouse_->drag(*surface_);
         return;
     }
     if (about_ != nullptr && about_->shows(control))
         about_->beginDrag();
     for (const auto& face : faces_)
         if (&face->control() == &control)
-            face->beginDrag();
+            mouse_->drag(*face);
 }
 
 }  // namespace quillon

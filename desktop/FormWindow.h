@@ -19,6 +19,7 @@ namespace quillon {
 class AboutBox;
 class ControlFace;
 class DimWindow;
+class HeldMouse;
 class KeyPreview;
 class LabMenus;
 class QtScreen;
@@ -82,6 +83,7 @@ private:
     QMenuBar* bar_;
     QWidget* area_;
     std::unique_ptr<LabMenus> menus_;
+    std::unique_ptr<HeldMouse> mouse_;
     std::unique_ptr<Surface> surface_;
     std::vector<std::unique_ptr<ControlFace>> faces_;
     std::vector<std::unique_ptr<ControlWatcher>> watchers_;

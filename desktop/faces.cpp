@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-PanelFace::PanelFace(Form1& form, PictureBox& panel, PanelWidget& widget)
-    : ControlFace(form, panel, widget), panel_(panel), panelWidget_(widget) {}
+PanelFace::PanelFace(Form1& form, HeldMouse& mouse, PictureBox& panel, PanelWidget& widget)
+    : ControlFace(form, mouse, panel, widget), panel_(panel), panelWidget_(widget) {}
 
 QPointF PanelFace::toControl(QPointF position) const {
     constexpr Integer kPixelScale = 3;
@@ -21,8 +21,9 @@ void PanelFace::takeState() {
     panelWidget_.takePlace();
 }
 
-LabelFace::LabelFace(Form1& form, Control& label, QLabel& widget, Qt::Alignment alignment)
-    : ControlFace(form, label, widget), label_(widget) {
+LabelFace::LabelFace(Form1& form, HeldMouse& mouse, Control& label, QLabel& widget,
+                     Qt::Alignment alignment)
+    : ControlFace(form, mouse, label, widget), label_(widget) {
     label_.setTextFormat(Qt::PlainText);
     label_.setAlignment(alignment);
 }

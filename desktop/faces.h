@@ -10,11 +10,12 @@ namespace quillon {
 /// A panel and what lies in it.
 class PanelFace : public ControlFace {
 public:
-    PanelFace(Form1& form, PictureBox& panel, PanelWidget& widget);
+    PanelFace(Form1& form, HeldMouse& mouse, PictureBox& panel, PanelWidget& widget);
 
-protected:
     /// Whole panel pixels where the panel counts in pixels, else twips.
     QPointF toControl(QPointF position) const override;
+
+protected:
     void takeState() override;
 
 private:
@@ -26,7 +27,8 @@ private:
 class LabelFace : public ControlFace {
 public:
     /// @param alignment within the label's place
-    LabelFace(Form1& form, Control& label, QLabel& widget, Qt::Alignment alignment);
+    LabelFace(Form1& form, HeldMouse& mouse, Control& label, QLabel& widget,
+              Qt::Alignment alignment);
 
 protected:
     void takeState() override;

@@ -209,6 +209,9 @@ public:
     void MouseMove(Control& where, Integer Button, Integer Shift, Single X, Single Y);
     void MouseUp(Control& where, Integer Button, Integer Shift, Single X, Single Y);
     void Click(Control& where);
+    /// Whether a double click has an action there; elsewhere its second press is a
+    /// press like any other.
+    bool hasDoubleClick(const Control& where) const;
     void DblClick(Control& where);
     void KeyDown(Integer KeyCode, Integer Shift);
     void KeyUp(Integer KeyCode, Integer Shift);

@@ -103,11 +103,16 @@ void Form1::Click(Control& where) {
                 tabClick(i);
 }
 
-void Form1::DblClick(Control& where) {
-    releaseEaten_ = true;
+bool Form1::hasDoubleClick(const Control& where) const {
     const auto place = placeOf(*this, where);
-    if (!place || place->column == 1)
+    return place && place->column != 1;
+}
+
+void Form1::DblClick(Control& where) {
+    const auto place = placeOf(*this, where);
+    if (!place || !hasDoubleClick(where))
         return;
+    releaseEaten_ = true;
     // A double click on a spectrum transforms, on a reconstruction reconstructs.
     if (place->column == 2)
         click(place->channel == Channel::One ? MenuArray::mnuFT1a : MenuArray::mnuFT2a, 0);

@@ -85,6 +85,16 @@ TEST_F(Popups, ADoubleClickOnAnImageDoesNothing) {
     EXPECT_TRUE(desktop.log.empty());
 }
 
+TEST_F(Popups, OnlySpectraAndReconstructionsHaveADoubleClick) {
+    for (const Control* control : form.controls()) {
+        const std::string& name = control->Name;
+        EXPECT_EQ(form.hasDoubleClick(*control),
+                  name == "pb2" || name == "pb3" || name == "pb5" || name == "pb6")
+            << name;
+    }
+    EXPECT_FALSE(form.hasDoubleClick(form));
+}
+
 TEST_F(Popups, TheSecondReleaseOfADoubleClickReachesNoHandler) {
     form.mnuFT1a(12);
     press(form.pb2, kLeftButton, 0, 40, 50);
