@@ -44,6 +44,9 @@ void Form1::MouseDown(Control& where, Integer Button, Integer Shift, Single X, S
                 intensityMouseDown(which, i, Button);
     if (&where == this || &where == &frLUT || &where == &pbh)
         dragOnLeftPress(where, Button, Shift);
+    // The title lies over the selector's edge, where a hand takes hold of it.
+    if (&where == &Label2(0))
+        dragOnLeftPress(frLUT, Button, Shift);
 }
 
 void Form1::MouseMove(Control& where, Integer Button, Integer Shift, Single X, Single Y) {

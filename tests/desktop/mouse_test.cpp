@@ -152,6 +152,30 @@ TEST_F(Mouse, TheSelectorFollowsThePointerWithinTheWindow) {
     EXPECT_EQ(frame.pos(), end) << "the drag ends with the release";
 }
 
+TEST_F(Mouse, TheSelectorFollowsADragOfItsTitleToo) {
+    click(widget("btLUT"));
+    const QPoint start = widget("frLUT").pos();
+    QWidget& title = widget("Label2(0)");
+    press(title, {40, 5}, Qt::LeftButton, Qt::ShiftModifier);
+    move(title, {60, 35});
+    release(title, {60, 35});
+    settle();
+    EXPECT_EQ(widget("frLUT").pos(), start) << "no drag under a modifier";
+    press(title, {40, 5});
+    move(title, {60, 35});
+    settle();
+    EXPECT_EQ(widget("frLUT").pos(), start + QPoint(20, 30));
+    EXPECT_EQ(title.parentWidget(), &widget("frLUT"));
+    // The title has moved along with its selector.
+    move(title, {30, -5});
+    settle();
+    EXPECT_EQ(widget("frLUT").pos(), start + QPoint(10, 20));
+    release(title, {40, 5});
+    move(title, {70, 70});
+    settle();
+    EXPECT_EQ(widget("frLUT").pos(), start + QPoint(10, 20));
+}
+
 TEST_F(Mouse, ADragWithAModifierMovesNothing) {
     click(widget("btLUT"));
     QWidget& frame = widget("frLUT");
