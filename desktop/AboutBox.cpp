@@ -85,14 +85,18 @@ bool AboutBox::eventFilter(QObject* watched, QEvent* event) {
             press(*found->second, static_cast<const QMouseEvent&>(*event));
             return true;
         case QEvent::MouseMove:
-            if (dragging_)
-                move(placeAtPress_ +
-                     static_cast<const QMouseEvent&>(*event).globalPosition().toPoint() -
-                     pressedAt_);
+            follow(static_cast<const QMouseEvent&>(*event));
             return true;
         case QEvent::MouseButtonRelease:
             dragging_ = false;
             return true;
+        case QEvent::WindowDeactivate:
+        case QEvent::WindowBlocked:
+        case QEvent::Hide:
+        case QEvent::UngrabMouse:
+            // The mouse has been taken away; its release comes to somebody else.
+            dragging_ = false;
+            return QDialog::eventFilter(watched, event);
         default:
             return QDialog::eventFilter(watched, event);
     }
@@ -103,6 +107,12 @@ void AboutBox::press(Control& where, const QMouseEvent& event) {
     about_.MouseDown(where, buttonCodes(event.buttons() | event.button()),
                      shiftState(event.modifiers()));
     setCursor(pointerOf(about_.MousePointer, about_.MouseIcon));
+}
+
+void AboutBox::follow(const QMouseEvent& event) {
+    dragging_ = dragging_ && event.buttons().testFlag(Qt::LeftButton);
+    if (dragging_)
+        move(placeAtPress_ + event.globalPosition().toPoint() - pressedAt_);
 }
 
 void AboutBox::beginDrag() {

@@ -27,6 +27,7 @@ private:
     void add(Label& label);
     void addButton();
     void press(Control& where, const QMouseEvent& event);
+    void follow(const QMouseEvent& event);
 
     frmAbout& about_;
     QPixmap picture_;

@@ -112,6 +112,23 @@ TEST_F(About, IsDraggedByItsGroundAndItsLabelsUnderFourArrows) {
         });
 }
 
+TEST_F(About, IsDraggedNoFurtherOnceTheMouseIsTakenAway) {
+    for (const QEvent::Type taken :
+         {QEvent::WindowDeactivate, QEvent::WindowBlocked, QEvent::UngrabMouse})
+        ask([taken](AboutBox& box) {
+            QTest::mousePress(box.windowHandle(), Qt::LeftButton, {}, {200, 110});
+            QTest::mouseMove(box.windowHandle(), {210, 115});
+            const QPoint place = box.pos();
+            QEvent event(taken);
+            QCoreApplication::sendEvent(&box, &event);
+            QTest::mouseMove(box.windowHandle(), {230, 120});
+            EXPECT_EQ(box.pos(), place) << taken;
+            QTest::mouseRelease(box.windowHandle(), Qt::LeftButton, {}, {230, 120});
+            EXPECT_EQ(box.pos(), place) << taken;
+            box.close();
+        });
+}
+
 TEST_F(About, IsNotDraggedByAnotherButtonNorUnderAModifier) {
     ask([](AboutBox& box) {
         const QPoint before = box.pos();
