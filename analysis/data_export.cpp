@@ -7,6 +7,7 @@
 
 #include "analysis/centred_cell.h"
 #include "engine/NumberText.h"
+#include "engine/RunTimeError.h"
 #include "engine/clComplexImage.h"
 #include "engine/mFFTUTIL.h"
 
@@ -28,6 +29,14 @@ std::vector<Long> sourceCells(Long side, Integer shifted) {
 /// front and one behind.
 std::string printed(Long number) {
     return ' ' + plainText(number) + ' ';
+}
+
+void removeIfPossible(Files& files, const std::string& path) {
+    try {
+        files.remove(path);
+    } catch (const RunTimeError&) {
+        // What matters has been done.
+    }
 }
 
 }  // namespace
@@ -76,11 +85,11 @@ std::string clComplexImage::exportText(const ExportOptions& options) const {
     return text;
 }
 
-void clComplexImage::CopyData(ExportPrompt& dialog, Integer /*m*/) {
+std::exception_ptr clComplexImage::CopyData(ExportPrompt& dialog, Integer /*m*/) {
     dialog.RemoteStart();
     desktop_.screen.pendingEvents();
     if (!dialog.ok)
-        return;
+        return nullptr;
     try {
         // Spectra may be the user's own work: nobody else can read the file.
         const std::string path = desktop_.environment.variable("TMP") + "\\tmp";
@@ -89,10 +98,12 @@ void clComplexImage::CopyData(ExportPrompt& dialog, Integer /*m*/) {
         desktop_.clipboard.setText(ReadWholeFile(desktop_.files, path));
         desktop_.dialogs.messageBox("Data copied to clipboard.", "FT Export",
                                     MessageIcon::Information, MessageButtons::Ok);
-        desktop_.files.remove(path);
+        // Nobody but the user reads a file that stays, and the next export replaces it.
+        removeIfPossible(desktop_.files, path);
     } catch (const std::exception&) {
-        // Whatever fails, the export ends there without a word.
+        return std::current_exception();
     }
+    return nullptr;
 }
 
 }  // namespace quillon

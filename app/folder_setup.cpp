@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "engine/NativePaths.h"
 #include "engine/mFFTUTIL.h"
 
 namespace quillon {
@@ -9,9 +10,10 @@ namespace quillon {
 namespace {
 
 void announce(Dialogs& dialogs, const Folders& folders) {
-    dialogs.messageBox("The following user folder will be created:\n" + folders.UserRoot +
-                           "\n\nDemo Image Files will be copied to:\n" + folders.ImagePath,
-                       "Folder Setup", MessageIcon::Information, MessageButtons::Ok);
+    dialogs.messageBox(
+        "The following user folder will be created:\n" + shownPath(folders.UserRoot) +
+            "\n\nDemo Image Files will be copied to:\n" + shownPath(folders.ImagePath),
+        "Folder Setup", MessageIcon::Information, MessageButtons::Ok);
 }
 
 /// A folder that is filled under another name beside its place. Until it is put

@@ -1,9 +1,13 @@
 #include "app/image_io.h"
 
 #include <exception>
+#include <optional>
 #include <string_view>
 #include <utility>
 
+#include "app/not_done.h"
+#include "app/save_name.h"
+#include "engine/NativePaths.h"
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
 
@@ -76,18 +80,19 @@ void recalculate(Lab& lab, Channel which) {
 
 std::string askForImage(Lab& lab) {
     lab.ComFile.FileName.clear();
-    lab.ComFile.InitDir = lab.folders.ImagePath;
-    lab.ComFile.Filter = kOpenFilter;
+    lab.ComFile.prepare(lab.folders.ImagePath, kOpenFilter);
     lab.desktop.dialogs.showOpen(lab.ComFile);
     lab.desktop.screen.pendingEvents();
     return lab.ComFile.FileName;
 }
 
-/// The name is not cleared first: the dialog offers the last one.
+/// The name is not cleared first: the dialog offers the last one, as a bitmap's.
 std::string askWhereToSave(Lab& lab) {
-    lab.ComFile.InitDir = lab.folders.ImagePath;
-    lab.ComFile.Filter = kSaveFilter;
-    lab.desktop.dialogs.showSave(lab.ComFile);
+    FileDialog dialog = lab.ComFile;
+    dialog.prepare(lab.folders.ImagePath, kSaveFilter);
+    dialog.FileName = bitmapNameToOffer(dialog.FileName);
+    lab.desktop.dialogs.showSave(dialog);
+    lab.ComFile = dialog;
     lab.desktop.screen.pendingEvents();
     return lab.ComFile.FileName;
 }
@@ -96,36 +101,48 @@ std::string upperCasedEnd(const std::string& file, std::size_t length) {
     return upperCased(std::string_view(file).substr(file.size() - MinOf(file.size(), length)));
 }
 
-/// A name with another extension is cut before the first point of the whole
-/// path, so "C:\my.pics\a.jpg" becomes "C:\my.bmp": scripts rely on the cut.
-std::string bitmapName(const std::string& file) {
+/// A name with another extension is cut before the first point behind the folder,
+/// so "a.b.jpg" becomes "a.bmp": scripts rely on the cut. Nothing for a name that
+/// has no point.
+std::optional<std::string> bitmapName(const std::string& file) {
     if (upperCasedEnd(file, 4) == ".BMP")
         return file;
-    const auto point = file.find('.');
+    const auto folder = file.find_last_of("\\/");
+    const auto point = file.find('.', folder == std::string::npos ? 0 : folder);
     if (point == std::string::npos)
-        throw RunTimeError(ErrorNumber::PathFileAccessError);
+        return std::nullopt;
     return file.substr(0, point) + ".bmp";
 }
 
-/// The same error with the thing that failed in its description, for errors
-/// that nobody handles: the user reads only this text.
-[[noreturn]] void rethrowNaming(const RunTimeError& error, const std::string& thing) {
-    if (error.description().find(thing) != std::string::npos)
-        throw RunTimeError(error);
-    throw RunTimeError(error.number(), error.description() + ": " + thing);
+/// The picture of the channel's file, nothing where there is none: the strip then
+/// says why.
+std::optional<Bitmap> pictureToReload(Lab& lab, Channel which) {
+    const std::string& file = lab.channel(which).file;
+    if (file.empty()) {
+        lab.reportNotDone("no file to reload");
+        return std::nullopt;
+    }
+    try {
+        return lab.desktop.pictures.load(file);
+    } catch (const std::exception& error) {
+        lab.reportNotDone(whyNotLoaded(lab.desktop.files, file, error));
+        return std::nullopt;
+    }
 }
 
-Bitmap pictureToReload(const Lab& lab, Channel which) {
-    const std::string& file = lab.channel(which).file;
-    if (file.empty())
-        throw RunTimeError(ErrorNumber::InvalidPicture,
-                           describe(ErrorNumber::InvalidPicture) + ": channel " +
-                               (which == Channel::One ? "1" : "2") + " has no file to reload");
+/// Nothing where there is no picture, also where it went between two looks.
+std::optional<Bitmap> pictureToPaste(Clipboard& clipboard) {
     try {
-        return loadPicture(lab, file);
-    } catch (const RunTimeError& error) {
-        rethrowNaming(error, file);
+        if (clipboard.hasPicture())
+            return clipboard.picture();
+    } catch (const std::exception&) {
+        // What cannot be decoded is no picture.
     }
+    return std::nullopt;
+}
+
+void say(Lab& lab, const std::string& text) {
+    lab.desktop.dialogs.messageBox(text, "", MessageIcon::Exclamation, MessageButtons::Ok);
 }
 
 void loadInto(Lab& lab, Integer panel, const std::string& file) {
@@ -148,16 +165,23 @@ void paintStretched(PictureBox& panel, const Bitmap& picture) {
 }
 
 void LoadPanelImage(Lab& lab, Integer panel, const std::string& file) {
+    std::string name = file;
     try {
-        loadInto(lab, panel, file.empty() ? askForImage(lab) : file);
-    } catch (const std::exception&) {
-        // Whatever went wrong, a cancelled dialog included, the load is abandoned.
+        if (name.empty())
+            name = askForImage(lab);
+        loadInto(lab, panel, name);
+    } catch (const std::exception& error) {
+        if (!isCancelled(error))
+            lab.reportNotDone(whyNotLoaded(lab.desktop.files, name, error));
     }
 }
 
 void ReloadImage(Lab& lab, Integer panel) {
     const Channel which = channelOfPanel(panel);
-    const LoadingBuffer buffer(lab, pictureToReload(lab, which));
+    std::optional<Bitmap> picture = pictureToReload(lab, which);
+    if (!picture)
+        return;
+    const LoadingBuffer buffer(lab, *std::move(picture));
     paintStretched(lab.imagePanel(which), buffer.picture());
     if (lab.channel(which).GetInvert(0))
         invertPicture(lab.imagePanel(which));
@@ -185,13 +209,21 @@ void NewPanelImage(Lab& lab, Integer panel) {
 }
 
 void SavePanelImage(Lab& lab, Integer panel, const std::string& file) {
+    std::string name;
     try {
-        // A name from the dialog is taken as it stands, whatever its extension.
-        const std::string name = file.empty() ? askWhereToSave(lab) : bitmapName(file);
+        if (file.empty()) {
+            // The dialog has given the name its suffix.
+            name = askWhereToSave(lab);
+        } else if (const std::optional<std::string> cut = bitmapName(file)) {
+            name = *cut;
+        } else {
+            return lab.reportNotDone("not saved: the name has no point");
+        }
         if (panel >= 1 && panel <= 6)
             lab.desktop.pictures.save(lab.panel(panel).Image(), name);
-    } catch (const std::exception&) {
-        // As with loading: nothing is saved and nothing is said.
+    } catch (const std::exception& error) {
+        if (!isCancelled(error))
+            lab.reportNotDone(whyNotSaved(lab.desktop.files, name, error));
     }
 }
 
@@ -203,22 +235,17 @@ void CopyPanelImage(Lab& lab, Integer panel) {
 }
 
 void PasteImage(Lab& lab, Integer panel) {
-    if (!lab.desktop.clipboard.hasPicture()) {
-        lab.desktop.dialogs.messageBox("No Image Data on Clipboard", "", MessageIcon::Exclamation,
-                                       MessageButtons::Ok);
-        return;
-    }
-    const LoadingBuffer buffer(lab, lab.desktop.clipboard.picture());
-    const Channel which = channelOfPanel(panel);
+    const std::optional<Bitmap> picture = pictureToPaste(lab.desktop.clipboard);
+    if (!picture)
+        return say(lab, "No Image Data on Clipboard");
     const std::string file = lab.desktop.environment.variable("TMP") + "\\clipboard.bmp";
-    lab.channel(which).file = file;
-    lab.channel(which).nmask = 0;
     try {
-        lab.desktop.pictures.save(buffer.picture(), file);
-    } catch (const RunTimeError& error) {
-        rethrowNaming(error, file);
+        lab.desktop.pictures.save(*picture, file);
+    } catch (const std::exception& error) {
+        return say(lab, whyNotSaved(lab.desktop.files, file, error, "Not pasted") + "\n" +
+                            shownPath(file));
     }
-    LoadPanelImage(lab, imagePanelId(which), file);
+    LoadPanelImage(lab, imagePanelId(channelOfPanel(panel)), file);
 }
 
 void InvertPanel(Lab& lab, MaskPainter& masks, Integer panel, bool on) {

@@ -12,12 +12,12 @@ namespace quillon {
 // reconstruction of channel 1, 4 to 6 for those of channel 2.
 //
 // A picture enters a channel in one way only: it is painted on the image panel,
-// stretched to the panel, and CalculateAll then reads the panel's pixels. Where
-// a routine is silent, any failure and a cancelled dialog leave it at once
-// without a message; the failures of the others reach the caller.
+// stretched to the panel, and CalculateAll then reads the panel's pixels. Loads,
+// reloads and saves open no dialog when they fail: the strip says what was not
+// done and why. A cancelled dialog is no failure.
 
-/// Loads a picture file into a channel; without a file it asks for one. Silent.
-/// A failed load changes nothing in the channel.
+/// Loads a picture file into a channel; without a file it asks for one. A failed
+/// load changes nothing in the channel.
 void LoadPanelImage(Lab& lab, Integer panel, const std::string& file);
 
 /// Paints a picture on an image panel, stretched to it, and commits it as the
@@ -25,7 +25,8 @@ void LoadPanelImage(Lab& lab, Integer panel, const std::string& file);
 /// empty picture throws RunTimeError InvalidPicture.
 void paintStretched(PictureBox& panel, const Bitmap& picture);
 
-/// Loads the channel's file once more. The invert state and the masks stay.
+/// Loads the channel's file once more. The invert state and the masks stay, and
+/// where there is no file or it cannot be loaded, everything does.
 void ReloadImage(Lab& lab, Integer panel);
 
 /// Empties a channel's panels. Its file stays, so that a reload brings it back,
@@ -33,14 +34,15 @@ void ReloadImage(Lab& lab, Integer panel);
 void NewPanelImage(Lab& lab, Integer panel);
 
 /// Writes what panel 1 to 6 shows as a Windows bitmap; without a file it asks
-/// for one. Silent.
+/// for one.
 void SavePanelImage(Lab& lab, Integer panel, const std::string& file);
 
 /// Puts what panel 1 to 6 shows on the clipboard, and beeps.
 void CopyPanelImage(Lab& lab, Integer panel);
 
 /// Loads the clipboard's picture into a channel through "clipboard.bmp" in the
-/// folder TMP, which stays the channel's file. One dialog where there is none.
+/// folder TMP, which stays the channel's file. One dialog, and no change of the
+/// channel, where there is no picture or the file cannot be written.
 void PasteImage(Lab& lab, Integer panel);
 
 /// Inverts a panel and records the flag. On an image panel the pixels flip

@@ -34,7 +34,9 @@ void QtClipboard::setPicture(const Bitmap& picture) {
 
 bool QtClipboard::hasPicture() {
     const QMimeData* content = QGuiApplication::clipboard()->mimeData();
-    return content != nullptr && content->hasImage();
+    // Another program may promise a picture and hand out bytes that are none.
+    return content != nullptr && content->hasImage() &&
+           !QGuiApplication::clipboard()->image().isNull();
 }
 
 Bitmap QtClipboard::picture() {

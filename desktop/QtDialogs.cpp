@@ -2,12 +2,14 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "app/save_name.h"
 #include "desktop/Conversions.h"
 #include "desktop/title_width.h"
 #include "engine/RunTimeError.h"
@@ -40,6 +42,19 @@ void widenForTitle(QMessageBox& box) {
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
         grid->addItem(new QSpacerItem(widthForTitle(box), 0), grid->rowCount(), 0, 1,
                       grid->columnCount());
+}
+
+/// Shows the dialog; throws where it is cancelled.
+std::string chosenFile(QFileDialog& box) {
+    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
+        throw RunTimeError(ErrorNumber::DialogCancelled);
+    return toLabPath(QDir::cleanPath(box.selectedFiles().constFirst()));
+}
+
+/// The index of the filter in force, from 1.
+Integer chosenFilter(const QFileDialog& box, const FileDialog& dialog) {
+    const qsizetype chosen = toNameFilters(dialog.Filter).indexOf(box.selectedNameFilter());
+    return chosen < 0 ? dialog.FilterIndex : static_cast<Integer>(chosen + 1);
 }
 
 }  // namespace
@@ -92,15 +107,30 @@ std::optional<std::string> QtDialogs::inputBox(const std::string& prompt, const 
 }
 
 void QtDialogs::showOpen(FileDialog& dialog) {
-    show(dialog, Purpose::Open);
+    QFileDialog box(owner_);
+    prepare(box, dialog, Purpose::Open);
+    dialog.FileName = chosenFile(box);
+    dialog.FilterIndex = chosenFilter(box, dialog);
 }
 
 void QtDialogs::showSave(FileDialog& dialog) {
-    show(dialog, Purpose::Save);
+    QFileDialog box(owner_);
+    prepare(box, dialog, Purpose::Save);
+    // The dialog's own question would be about the name without its suffix.
+    box.setOption(QFileDialog::DontConfirmOverwrite);
+    while (true) {
+        const std::string typed = chosenFile(box);
+        const std::string name = nameToSave(typed, dialog.Filter, chosenFilter(box, dialog));
+        if (mayBeWritten(name, box.windowTitle())) {
+            dialog.FileName = name;
+            dialog.FilterIndex = chosenFilter(box, dialog);
+            return;
+        }
+        box.selectFile(toNativePath(name));
+    }
 }
 
-void QtDialogs::show(FileDialog& dialog, Purpose purpose) {
-    QFileDialog box(owner_);
+void QtDialogs::prepare(QFileDialog& box, const FileDialog& dialog, Purpose purpose) const {
     box.setOption(QFileDialog::DontUseNativeDialog, style_ == FileDialogStyle::Toolkit);
     box.setAcceptMode(purpose == Purpose::Open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     box.setFileMode(purpose == Purpose::Open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -121,12 +151,24 @@ void QtDialogs::show(FileDialog& dialog, Purpose purpose) {
     if (!dialog.FileName.empty())
         box.selectFile(placed ? toQString(FileNamePart(dialog.FileName))
                               : toNativePath(dialog.FileName));
-    if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
-        throw RunTimeError(ErrorNumber::DialogCancelled);
-    dialog.FileName = toLabPath(QDir::cleanPath(box.selectedFiles().constFirst()));
-    const qsizetype chosen = filters.indexOf(box.selectedNameFilter());
-    if (chosen >= 0)
-        dialog.FilterIndex = static_cast<Integer>(chosen + 1);
+}
+
+bool QtDialogs::mayBeWritten(const std::string& name, const QString& title) {
+    // Found as the lab's own writing finds it: in any case of letters.
+    const QFileInfo present(toNativePath(name));
+    if (!present.isFile())
+        return true;
+    QMessageBox question(owner_);
+    question.setTextFormat(Qt::PlainText);
+    question.setWindowTitle(title);
+    question.setIcon(QMessageBox::Warning);
+    question.setText(
+        QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(present.fileName()));
+    question.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    question.setDefaultButton(QMessageBox::No);
+    question.setEscapeButton(QMessageBox::No);
+    widenForTitle(question);
+    return question.exec() == QMessageBox::Yes;
 }
 
 }  // namespace quillon

@@ -5,6 +5,8 @@
 
 #include "engine/Desktop.h"
 
+class QFileDialog;
+
 namespace quillon {
 
 /// Who draws the file dialogs: the desktop its own, where it has them, or the toolkit.
@@ -26,7 +28,9 @@ public:
 
 private:
     enum class Purpose { Open, Save };
-    void show(FileDialog& dialog, Purpose purpose);
+    void prepare(QFileDialog& box, const FileDialog& dialog, Purpose purpose) const;
+    /// Asks where there is a file of that name.
+    bool mayBeWritten(const std::string& name, const QString& title);
 
     FileDialogStyle style_;
     QPointer<QWidget> owner_;

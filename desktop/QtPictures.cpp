@@ -62,11 +62,7 @@ Bitmap QtPictures::load(const std::string& path) {
 void QtPictures::save(const Bitmap& picture, const std::string& path) {
     if (picture.empty())
         throw RunTimeError(ErrorNumber::InvalidPicture);
-    try {
-        files_.write(path, bitmapFile(picture));
-    } catch (const RunTimeError&) {
-        throw RunTimeError(ErrorNumber::PathFileAccessError);
-    }
+    files_.write(path, bitmapFile(picture));
 }
 
 }  // namespace quillon

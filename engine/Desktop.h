@@ -30,6 +30,7 @@ enum class MessageAnswer { Ok, Yes, No };
 
 /// The common file dialog with what it keeps between openings.
 struct FileDialog {
+    /// Of the next opening alone; the empty one is the desktop's own.
     std::string DialogTitle;
     std::string FileName;
     std::string InitDir;
@@ -37,6 +38,14 @@ struct FileDialog {
     std::string Filter;
     /// Which filter was in force at the end, from 1.
     Integer FilterIndex = 1;
+
+    /// Sets what every opening has of its own; what is not here stays from the last.
+    void prepare(const std::string& folder, const std::string& filter,
+                 const std::string& title = "") {
+        DialogTitle = title;
+        InitDir = folder;
+        Filter = filter;
+    }
 };
 
 class Dialogs {
@@ -51,6 +60,8 @@ public:
     /// Show the dialog and set FileName and FilterIndex. A cancelled dialog
     /// throws RunTimeError DialogCancelled and leaves FileName as it was.
     virtual void showOpen(FileDialog& dialog) = 0;
+    /// The name has the suffix that nameToSave() gives it before the user is asked
+    /// whether a file of that name is to be replaced.
     virtual void showSave(FileDialog& dialog) = 0;
 };
 
@@ -62,8 +73,8 @@ public:
     /// lies on white. Throws FileNotFound (53) for a missing file and
     /// InvalidPicture (481) for one that cannot be decoded.
     virtual Bitmap load(const std::string& path) = 0;
-    /// Writes a Windows bitmap of 24 bits a pixel, whole or not at all. Throws
-    /// PathFileAccessError (75) where it cannot, InvalidPicture for the empty picture.
+    /// Writes a Windows bitmap of 24 bits a pixel, whole or not at all. Throws what
+    /// Files::write() throws where it cannot, InvalidPicture for the empty picture.
     virtual void save(const Bitmap& picture, const std::string& path) = 0;
 };
 
@@ -74,6 +85,7 @@ public:
     virtual void setText(const std::string& text) = 0;
     /// Puts the picture there in the desktop's own form and as PNG bytes.
     virtual void setPicture(const Bitmap& picture) = 0;
+    /// True only for a picture that can be decoded, whatever the clipboard promises.
     virtual bool hasPicture() = 0;
     /// Throws InvalidPicture where there is none.
     virtual Bitmap picture() = 0;

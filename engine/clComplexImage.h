@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <span>
 #include <string>
@@ -121,9 +122,9 @@ public:
     void SetLUT(Integer m, std::span<const Long> c, Integer s = 0);
     /// Asks by the dialog what to export, and puts the numbers of the stored
     /// spectrum on the clipboard as text, by way of the file "tmp" in the folder
-    /// that TMP names. Ends without a word where the dialog is closed without OK
-    /// and where anything fails. m is not used.
-    void CopyData(ExportPrompt& dialog, Integer m = 0);
+    /// that TMP names. Returns what has failed, and nothing where all went well or
+    /// the dialog was closed without OK. m is not used.
+    std::exception_ptr CopyData(ExportPrompt& dialog, Integer m = 0);
     void SetDrawMode(Integer m);
     /// 1 is the square-root scale, anything else the linear one; redraws.
     void SetScale(Integer m);

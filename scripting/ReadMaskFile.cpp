@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "engine/NativePaths.h"
 #include "engine/mFFTUTIL.h"
 #include "scripting/script_text.h"
 
@@ -10,7 +11,7 @@ namespace quillon {
 void ReadMaskFile(Lab& lab, Integer panel, const std::string& path) {
     Files& files = lab.desktop.files;
     if (!FileExists(files, path)) {
-        lab.desktop.dialogs.messageBox("File not found:\n" + path, "Script Error",
+        lab.desktop.dialogs.messageBox("File not found:\n" + shownPath(path), "Script Error",
                                        MessageIcon::Exclamation, MessageButtons::Ok);
         return;
     }

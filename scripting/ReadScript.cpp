@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/NativePaths.h"
 #include "engine/NumberText.h"
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
@@ -174,7 +175,7 @@ void ScriptRun::loadImage(Integer /*unused*/) {
         lab_.channel(section_).LoadImageFile(path);
         return;
     }
-    lab_.desktop.dialogs.messageBox("File not found:\n" + path, "Script Error",
+    lab_.desktop.dialogs.messageBox("File not found:\n" + shownPath(path), "Script Error",
                                     MessageIcon::Critical, MessageButtons::Ok);
     ended_ = true;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/image_io.h"
+#include "app/not_done.h"
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
 
@@ -136,7 +137,11 @@ void BatchRun::process(std::size_t i) {
     const std::string path = folder_ + window_.File1.List[i];
     for (PictureBox* panel : {&lab_.pb1, &lab_.pb2, &lab_.pb3})
         panel->Cls();
-    skipFailure([&] { decoded_ = lab_.desktop.pictures.load(path); });
+    try {
+        decoded_ = lab_.desktop.pictures.load(path);
+    } catch (const std::exception& error) {
+        lab_.reportNotDone(whyNotLoaded(lab_.desktop.files, path, error));
+    }
     window_.fr2.Caption = "Image " + std::to_string(i + 1) + " of " +
                           std::to_string(window_.File1.List.size()) + " ...";
     takeImage(path);
@@ -172,7 +177,14 @@ void BatchRun::makeMontage(const std::string& path) {
     skipFailure([&] { img.PaintPicture(lab_.pb1.Image(), 1, 1); });
     skipFailure([&] { img.PaintPicture(lab_.pb2.Image(), 258, 1); });
     skipFailure([&] { img.PaintPicture(lab_.pb3.Image(), 515, 1); });
-    write([&] { lab_.desktop.pictures.save(img.Image(), path + "_batch3.bmp"); });
+    const std::string montage = path + "_batch3.bmp";
+    write([&] {
+        try {
+            lab_.desktop.pictures.save(img.Image(), montage);
+        } catch (const std::exception& error) {
+            lab_.reportNotDone(whyNotSaved(lab_.desktop.files, montage, error));
+        }
+    });
 }
 
 void BatchRun::finish() {
@@ -190,21 +202,22 @@ void BatchRun::finish() {
 }  // namespace
 
 void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window) {
+    std::string folder;
     try {
-        lab.ComFile.DialogTitle = "Select File Type and 1 Image for FT Batch Processing";
         lab.ComFile.FileName.clear();
-        lab.ComFile.InitDir = lab.folders.ImagePath;
-        lab.ComFile.Filter = kFilter;
+        lab.ComFile.prepare(lab.folders.ImagePath, kFilter,
+                            "Select File Type and 1 Image for FT Batch Processing");
         lab.desktop.dialogs.showOpen(lab.ComFile);
         lab.desktop.screen.pendingEvents();
-        const std::string folder = FolderPart(lab.ComFile.FileName);
+        folder = FolderPart(lab.ComFile.FileName);
         if (!FolderExists(lab.desktop.files, folder))
             throw RunTimeError(ErrorNumber::PathNotFound);
         window.File1.Path = folder;
         choosePattern(window.File1, lab.ComFile.FilterIndex);
         RunBatch(lab, host, window, folder);
-    } catch (const std::exception&) {
-        // A batch that cannot begin says nothing, nor does a cancelled dialog.
+    } catch (const std::exception& error) {
+        if (!isCancelled(error))
+            lab.reportNotDone(whyNotListed(folder, error));
     }
 }
 

@@ -20,7 +20,8 @@ struct BatchWindow {
 };
 
 /// Asks for one image as a sample of a folder and a file type, then runs the
-/// folder. A cancelled dialog or any failure before the run ends it silently.
+/// folder. A cancelled dialog ends it without a word; for any failure before the run
+/// the strip says why.
 void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window);
 
 /// Runs every file of File1's pattern in File1's folder through channel 1, in
@@ -30,7 +31,8 @@ void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window);
 /// side ("_batch3.bmp"); the file's own name stays whole before these.
 ///
 /// Every step that fails is skipped: an unreadable file gets the pictures of the
-/// one before it and counts as processed. bStopBatch ends the run after the
+/// one before it and counts as processed. Of the files that could not be read or
+/// written the strip names the last. bStopBatch ends the run after the
 /// image in progress. Throws RunTimeError where the folder cannot be listed.
 void RunBatch(Lab& lab, ScriptHost& host, const BatchWindow& window, const std::string& folder);
 

@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "app/not_done.h"
 #include "engine/mFFTUTIL.h"
 #include "scripting/ReadScript.h"
 #include "scripting/WriteScript.h"
@@ -13,20 +14,10 @@ namespace {
 constexpr const char* kScriptFilter = "Quillon Script Files (*.ftscr)|*.ftscr";
 constexpr Integer kLabView = 1;
 
-template <class Command>
-void silently(Command command) {
-    try {
-        command();
-    } catch (const std::exception&) {
-        // Nothing is said: a cancelled dialog comes this way too.
-    }
-}
-
 enum class Purpose { Open, Save };
 
 std::string askForScript(Lab& lab, Purpose purpose) {
-    lab.ComFile.InitDir = lab.folders.ScriptPath;
-    lab.ComFile.Filter = kScriptFilter;
+    lab.ComFile.prepare(lab.folders.ScriptPath, kScriptFilter);
     if (purpose == Purpose::Open)
         lab.desktop.dialogs.showOpen(lab.ComFile);
     else
@@ -45,29 +36,42 @@ std::string chosenScript(Lab& lab, const std::string& file, Purpose purpose) {
 }  // namespace
 
 void LoadScriptCommand(Lab& lab, ScriptHost& host, const std::string& file) {
-    silently([&] {
-        const std::string name = chosenScript(lab, file, Purpose::Open);
+    std::string name = file;
+    try {
+        name = chosenScript(lab, file, Purpose::Open);
         if (lab.viewTab > kLabView)
             host.tabClick(0);
         ReadScript(lab, host, name);
-    });
+    } catch (const std::exception& error) {
+        if (!isCancelled(error))
+            lab.reportNotDone(whyNotLoaded(lab.desktop.files, name, error));
+    }
 }
 
 void SaveScriptCommand(Lab& lab, const std::string& file) {
-    silently([&] {
-        const std::string name = chosenScript(lab, file, Purpose::Save);
+    std::string name = file;
+    try {
+        name = chosenScript(lab, file, Purpose::Save);
         const std::string title =
             lab.desktop.dialogs.inputBox("Please enter title", "Script Description", "")
                 .value_or("");
         WriteScript(lab, name, title);
-    });
+    } catch (const std::exception& error) {
+        if (!isCancelled(error))
+            lab.reportNotDone(whyNotSaved(lab.desktop.files, name, error));
+    }
 }
 
 void EditScriptCommand(Lab& lab) {
-    silently([&] {
-        const std::string name = askForScript(lab, Purpose::Open);
-        lab.desktop.shell.execute("notepad.exe", name, FolderPart(name));
-    });
+    std::string name;
+    try {
+        name = askForScript(lab, Purpose::Open);
+        reportUnopened(lab, lab.desktop.shell.execute("notepad.exe", name, FolderPart(name)),
+                       "file not found: " + shownName(name), "no program opens the script");
+    } catch (const std::exception& error) {
+        if (!isCancelled(error))
+            lab.reportNotDone(whyNotLoaded(lab.desktop.files, name, error));
+    }
 }
 
 }  // namespace quillon

@@ -7,14 +7,14 @@
 
 namespace quillon {
 
-// The commands of the Scripts menu. An empty file name shows the dialog. Any
-// failure, a cancelled file dialog included, ends a command silently at once.
+// The commands of the Scripts menu. An empty file name shows the dialog. A failure
+// ends a command at once, and the strip says what was not done and why; a cancelled
+// file dialog ends it without a word.
 
 /// Shows the panels and runs a script.
 void LoadScriptCommand(Lab& lab, ScriptHost& host, const std::string& file);
 
-/// Asks for a title and writes a script. A cancelled title is an empty one; a
-/// name that was typed without extension gets none.
+/// Asks for a title and writes a script. A cancelled title is an empty one.
 void SaveScriptCommand(Lab& lab, const std::string& file);
 
 /// Opens a script in the desktop's text editor, without waiting for it. The

@@ -371,6 +371,7 @@ private:
     void reconstructionMenu(Channel which, Integer Index);
     void chooseFilter(Channel which, Integer Index);
     void chooseView(Integer Index);
+    void viewFolder(const std::string& folder);
     void repaintLowPassMasks();
     /// Moves the histogram box onto the frame of the panel that was asked.
     void placeHistogram(Integer panel);

@@ -2,6 +2,7 @@
 #include <exception>
 
 #include "app/mREGISTRY.h"
+#include "app/not_done.h"
 #include "engine/NumberText.h"
 #include "engine/mFFTUTIL.h"
 #include "ui/Form1.h"
@@ -20,6 +21,8 @@ constexpr Integer kContentsTab = 2;
 constexpr Integer kLabView = 1;
 constexpr Integer kTutorialView = 2;
 constexpr Integer kPaperLink = 8;
+
+constexpr const char* kNoBrowser = "no browser opens the page";
 
 Integer otherOfPair(Integer index) {
     return static_cast<Integer>(std::abs(index - 1));
@@ -78,7 +81,8 @@ void Form1::RunTutorialScript(const std::string& path) {
 }
 
 void Form1::ShowHelp(Integer /*id*/) {
-    desktop.shell.execute("hh.exe", helpFile, "0");
+    reportUnopened(lab, desktop.shell.execute("hh.exe", helpFile, "0"), "the help is not here",
+                   "no program shows the help");
 }
 
 void Form1::itm10(Integer Index) {
@@ -88,7 +92,8 @@ void Form1::itm10(Integer Index) {
             break;
         case 1:
             // Nothing is fetched or compared: the user reads the page.
-            OpenInBrowser(desktop.shell, kProductPage);
+            reportUnopened(lab, OpenInBrowser(desktop.shell, kProductPage), "the page is not here",
+                           kNoBrowser);
             break;
         case 4:
             showAbout();
@@ -106,14 +111,14 @@ void Form1::showAbout() {
 }
 
 void Form1::itm10a(Integer Index) {
-    // A page or a paper that cannot be shown is passed over in silence.
     try {
         // The page appears in the tutorial's pane; the paper opens outside.
         if (Index != kPaperLink && lab.viewTab < kTutorialView)
             tabClick(kTutorialTab);
         followLink(Index);
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
         // The view stays as far as it has come.
+        lab.reportNotDone(std::string("not shown: ") + error.what());
     }
 }
 
@@ -134,7 +139,10 @@ void Form1::followLink(Integer Index) {
             ie5.Navigate2(lab.folders.LibPath + "Ondine" + plainText(Index - 3) + ".html");
             break;
         case kPaperLink:
-            desktop.shell.execute(lab.folders.DocPath + kPaperFile, "", lab.folders.DocPath);
+            reportUnopened(
+                lab,
+                desktop.shell.execute(lab.folders.DocPath + kPaperFile, "", lab.folders.DocPath),
+                "the paper is not here", "no program shows the paper");
             break;
         case 9:
             ie5.Navigate2(kPaperReference);

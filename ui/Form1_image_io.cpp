@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "app/image_io.h"
+#include "app/not_done.h"
 #include "app/printing.h"
 #include "engine/mFFTUTIL.h"
 #include "ui/Form1.h"
@@ -81,8 +82,8 @@ void Form1::takeDropped(Channel which, const std::string& file) {
             ReadScript(file);
         if (upperCased(file).ends_with(kMaskExtension))
             dropMaskFile(file, spectrumPanelId(which));
-    } catch (const std::exception&) {
-        // A drop that fails is abandoned without a message, as a load is.
+    } catch (const std::exception& error) {
+        lab.reportNotDone(whyNotLoaded(desktop.files, file, error));
     }
 }
 

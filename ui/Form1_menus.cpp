@@ -1,5 +1,7 @@
 #include <exception>
 
+#include "app/not_done.h"
+#include "engine/NativePaths.h"
 #include "ui/Form1.h"
 
 // The click handlers of the menus. Each is a small dispatcher by Index; an Index
@@ -203,14 +205,13 @@ void Form1::placeHistogram(Integer panel) {
 }
 
 void Form1::itmFile(Integer Index) {
-    // A folder that cannot be shown and an exit that is refused are silent.
     try {
         switch (Index) {
             case 0:
-                desktop.shell.execute("explorer.exe", lab.folders.ImagePath, "0");
+                viewFolder(lab.folders.ImagePath);
                 break;
             case 1:
-                desktop.shell.execute("explorer.exe", lab.folders.ScriptPath, "0");
+                viewFolder(lab.folders.ScriptPath);
                 break;
             case 3:
                 BatchCommand();
@@ -221,9 +222,15 @@ void Form1::itmFile(Integer Index) {
             default:
                 break;
         }
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
         // The menu is left as if the entry had not been chosen.
+        lab.reportNotDone(std::string("not done: ") + error.what());
     }
+}
+
+void Form1::viewFolder(const std::string& folder) {
+    reportUnopened(lab, desktop.shell.execute("explorer.exe", folder, "0"),
+                   "folder not found: " + shownPath(folder), "no program shows folders");
 }
 
 void Form1::itmSCR(Integer Index) {

@@ -1,4 +1,7 @@
+#include <exception>
+
 #include "analysis/spectrum_combination.h"
+#include "app/not_done.h"
 #include "engine/ExchangeArray.h"
 #include "ui/Form1.h"
 
@@ -53,7 +56,15 @@ void Form1::DeconvolveSpectra(Integer target) {
 }
 
 void Form1::CopyData(Channel which) {
-    lab.channel(which).CopyData(exportDialog, 0);
+    const std::exception_ptr failure = lab.channel(which).CopyData(exportDialog, 0);
+    if (failure == nullptr)
+        return;
+    const std::string file = desktop.environment.variable("TMP") + "\\tmp";
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception& error) {
+        lab.reportNotDone(whyNotSaved(desktop.files, file, error, "not exported"));
+    }
 }
 
 }  // namespace quillon

@@ -225,7 +225,7 @@ TEST_F(DataExport, OfADialogThatIsNotConfirmedDoesNothing) {
     ExportOptions closed = kDefault;
     closed.ok = false;
     AnsweringPrompt prompt(lab.log, closed);
-    channel.CopyData(prompt, 0);
+    EXPECT_EQ(channel.CopyData(prompt, 0), nullptr);
     EXPECT_EQ(lab.desktop.clipboard.text, "kept");
     EXPECT_EQ(lab.log, (std::vector<std::string>{"RemoteStart", "screen.pendingEvents()"}));
 }
@@ -240,64 +240,68 @@ TEST_F(DataExport, ChangesNothingInTheChannel) {
     EXPECT_TRUE(lab.pb2.Image() == panel);
 }
 
-class SilentExport : public DataExport {
+class FailingExport : public DataExport {
 protected:
-    /// The export ends without a word, and the clipboard keeps what it had.
-    void expectSilence(const ExportOptions& options = kDefault) {
-        lab.log.clear();
+    /// What an export returns as its failure.
+    ErrorNumber failureOf(const ExportOptions& options = kDefault) {
         AnsweringPrompt prompt(lab.log, options);
+        const std::exception_ptr failure = channel.CopyData(prompt, 0);
+        return failure == nullptr ? ErrorNumber{}
+                                  : errorOf([&] { std::rethrow_exception(failure); });
+    }
+    /// The export opens no dialog, and the clipboard keeps what it had.
+    void expectFailure(ErrorNumber number, const ExportOptions& options = kDefault) {
+        lab.log.clear();
         lab.desktop.clipboard.text = "kept";
-        EXPECT_EQ(errorOf([&] { channel.CopyData(prompt, 0); }), ErrorNumber{});
+        EXPECT_EQ(failureOf(options), number);
         EXPECT_EQ(lab.desktop.clipboard.text, "kept");
         EXPECT_TRUE(lab.desktop.dialogs.messages.empty());
     }
 };
 
-TEST_F(SilentExport, EndsWithoutAFolderForTheFile) {
+TEST_F(FailingExport, EndsWithoutAFolderForTheFile) {
     lab.desktop.environment.variables["TMP"] = "C:\\Nowhere";
-    expectSilence();
+    expectFailure(ErrorNumber::PathNotFound);
     EXPECT_EQ(lab.count("clipboard.clear()"), 0);
 }
 
-TEST_F(SilentExport, EndsWhereTheFileCannotBeWritten) {
+TEST_F(FailingExport, EndsWhereTheFileCannotBeWritten) {
     lab.desktop.files.makeFolderReadOnly("C:\\Temp");
-    expectSilence();
+    expectFailure(ErrorNumber::PathFileAccessError);
     EXPECT_EQ(lab.count("clipboard.clear()"), 0);
 }
 
-TEST_F(SilentExport, EndsOnAFullDisk) {
+TEST_F(FailingExport, EndsOnAFullDisk) {
     lab.desktop.files.diskFull = true;
-    expectSilence();
+    expectFailure(ErrorNumber::DiskFull);
     EXPECT_FALSE(lab.desktop.files.exists(kFile));
 }
 
-TEST_F(SilentExport, EndsAtANumberThatNoLongHoldsAndLeavesNoFile) {
+TEST_F(FailingExport, EndsAtANumberThatNoLongHoldsAndLeavesNoFile) {
     set(point(255, 255, 2147483648.0F, 0));
     ExportOptions options = kDefault;
     options.m = 3;
-    expectSilence(options);
+    expectFailure(ErrorNumber::Overflow, options);
     EXPECT_FALSE(lab.desktop.files.exists(kFile));
     options.bi = 0;
     EXPECT_NE(exported(options).find("2147483648.0\t"), std::string::npos);
 }
 
-TEST_F(SilentExport, EndsAtAFileThatCannotBeReadWithTheClipboardCleared) {
+TEST_F(FailingExport, EndsAtAFileThatCannotBeReadWithTheClipboardCleared) {
     lab.desktop.files.unreadable.insert(kFile);
-    AnsweringPrompt prompt(lab.log, kDefault);
     lab.desktop.clipboard.text = "kept";
-    EXPECT_EQ(errorOf([&] { channel.CopyData(prompt, 0); }), ErrorNumber{});
+    EXPECT_EQ(failureOf(), ErrorNumber::PathFileAccessError);
     EXPECT_EQ(lab.count("clipboard.clear()"), 1);
     EXPECT_TRUE(lab.desktop.dialogs.messages.empty());
     EXPECT_TRUE(lab.desktop.files.exists(kFile)) << "no clean-up after a failure";
 }
 
-TEST_F(SilentExport, EndsWhereTheFileCannotBeDeleted) {
+TEST_F(FailingExport, IsNoneWhereOnlyTheFileCannotBeDeleted) {
     set(point(0, 0, 1, 0));
     lab.desktop.dialogs.onMessage = [&](const RecordingDialogs::Message&) {
         lab.desktop.files.makeFolderReadOnly("C:\\Temp");
     };
-    AnsweringPrompt prompt(lab.log, kDefault);
-    EXPECT_EQ(errorOf([&] { channel.CopyData(prompt, 0); }), ErrorNumber{});
+    EXPECT_EQ(failureOf(), ErrorNumber{});
     EXPECT_TRUE(lab.desktop.files.exists(kFile));
 }
 

@@ -31,8 +31,8 @@ protected:
 TEST_F(FolderSetup, AFirstRunTellsTheUserOnceAndFillsThreeFolders) {
     setUp();
     const std::vector<Message> told = {
-        {"The following user folder will be created:\nC:\\Users\\Student\\Quillon\\\n\n"
-         "Demo Image Files will be copied to:\nC:\\Users\\Student\\Quillon\\Images\\",
+        {"The following user folder will be created:\nC:/Users/Student/Quillon/\n\n"
+         "Demo Image Files will be copied to:\nC:/Users/Student/Quillon/Images/",
          "Folder Setup", MessageIcon::Information, MessageButtons::Ok}};
     EXPECT_EQ(desktop.dialogs.messages, told);
     EXPECT_EQ(desktop.files.bytesOf(root + "Images\\Halvard-Image1.jpg"), "one");

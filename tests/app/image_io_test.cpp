@@ -66,18 +66,20 @@ TEST_F(ImageIo, ANewImageUnderTheLatticeToolStaysBlack) {
 
 // --- Saving
 
-TEST_F(ImageIo, ASaveForcesTheExtensionAtTheFirstPointOfTheWholePath) {
+TEST_F(ImageIo, ASaveForcesTheExtensionAtTheFirstPointOfTheNameBehindTheFolder) {
     const std::vector<std::pair<std::string, std::string>> names = {
         {"x.bmp", "x.bmp"},
         {"x.BMP", "x.BMP"},
         {"x.bMp", "x.bMp"},
         {"C:\\a.jpg", "C:\\a.bmp"},
-        {"C:\\my.pics\\a.jpg", "C:\\my.bmp"},
+        {"C:\\my.pics\\a.jpg", "C:\\my.pics\\a.bmp"},
+        {"/home/jo.doe/a.jpg", "/home/jo.doe/a.bmp"},
         {"C:\\my.pics\\a.bmp", "C:\\my.pics\\a.bmp"},
         {"C:\\a.b.c", "C:\\a.bmp"},
         {".gif", ".bmp"},
     };
     desktop.files.addFolder("C:\\my.pics");
+    desktop.files.addFolder("/home/jo.doe");
     for (const auto& [given, written] : names) {
         desktop.pictures.saved.clear();
         SavePanelImage(lab, 2, given);
@@ -88,8 +90,11 @@ TEST_F(ImageIo, ASaveForcesTheExtensionAtTheFirstPointOfTheWholePath) {
 }
 
 TEST_F(ImageIo, ANameWithoutAPointSavesNothing) {
-    for (const char* name : {"picture", "bmp", "C:\\folder\\picture"})
+    for (const char* name : {"picture", "bmp", "C:\\folder\\picture", "C:\\my.pics\\picture"}) {
+        cells[2].Caption = std::string();
         EXPECT_EQ(errorOf([&] { SavePanelImage(lab, 1, name); }), ErrorNumber{});
+        EXPECT_EQ(cells[2].Caption.get(), "not saved: the name has no point") << name;
+    }
     EXPECT_TRUE(desktop.log.empty());
 }
 
@@ -107,11 +112,36 @@ TEST_F(ImageIo, ASaveWithoutAFileAsksAndOffersTheLastName) {
                   "screen.pendingEvents()", "pictures.save(256x256, C:\\Q\\Images\\picture.png)"}));
 }
 
-TEST_F(ImageIo, ACancelledOrFailingSaveIsSilent) {
+TEST_F(ImageIo, ASaveOffersTheLastFileAsABitmap) {
+    for (const auto& [last, offered] :
+         {std::pair{"C:\\Q\\Images\\cat.jpg", "C:\\Q\\Images\\cat.bmp"},
+          std::pair{"C:\\Q\\Scripts\\two.ftscr", "C:\\Q\\Scripts\\two.bmp"}, std::pair{"", ""}}) {
+        lab.ComFile.FileName = last;
+        desktop.dialogs.cancelSave();
+        SavePanelImage(lab, 1, "");
+        EXPECT_EQ(desktop.dialogs.saves.back().FileName, offered);
+        EXPECT_EQ(lab.ComFile.FileName, last) << "a cancelled dialog leaves the name";
+    }
+}
+
+TEST_F(ImageIo, EachDialogHasItsOwnTitle) {
+    lab.ComFile.DialogTitle = "Select File Type and 1 Image for FT Batch Processing";
+    desktop.dialogs.cancelSave();
+    SavePanelImage(lab, 1, "");
+    EXPECT_EQ(desktop.dialogs.saves.back().DialogTitle, "");
+    lab.ComFile.DialogTitle = "Select File Type and 1 Image for FT Batch Processing";
+    desktop.dialogs.cancelOpen();
+    LoadPanelImage(lab, 1, "");
+    EXPECT_EQ(desktop.dialogs.opens.back().DialogTitle, "");
+}
+
+TEST_F(ImageIo, ACancelledSaveIsSilentAndAFailingOneSaysWhy) {
     desktop.dialogs.cancelSave();
     EXPECT_EQ(errorOf([&] { SavePanelImage(lab, 1, ""); }), ErrorNumber{});
+    EXPECT_EQ(cells[2].Caption.get(), "");
     desktop.pictures.failingSaves.insert("C:\\full.bmp");
     EXPECT_EQ(errorOf([&] { SavePanelImage(lab, 1, "C:\\full.bmp"); }), ErrorNumber{});
+    EXPECT_EQ(cells[2].Caption.get(), "not saved: no right to write here");
     EXPECT_TRUE(desktop.pictures.saved.empty());
     EXPECT_TRUE(desktop.dialogs.messages.empty());
 }
@@ -214,20 +244,54 @@ TEST_F(ImageIo, APasteWithoutTmpGoesToTheRootOfTheDrive) {
     EXPECT_EQ(desktop.pictures.saved[0].first, "\\clipboard.bmp");
 }
 
-TEST_F(ImageIo, APasteThatCannotBeWrittenFailsAtTheCallerAndNamesTheFile) {
+TEST_F(ImageIo, APasteThatCannotBeWrittenSaysSoAndChangesNothing) {
+    loadBoth();
     markChannels();
+    const Bitmap before = pb1.Image();
     desktop.clipboard.content = picture;
     desktop.pictures.failingSaves.insert("C:\\Temp\\clipboard.bmp");
-    try {
-        PasteImage(lab, 1);
-        FAIL() << "no error";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.number(), ErrorNumber::PathFileAccessError);
-        EXPECT_EQ(error.description(), "Path/File access error: C:\\Temp\\clipboard.bmp");
-    }
-    EXPECT_EQ(channel1.file, "C:\\Temp\\clipboard.bmp") << "named before it is written";
-    EXPECT_EQ(channel1.nmask, 0);
-    EXPECT_EQ(pb1.Image(), Bitmap(256, 256));
+    EXPECT_EQ(errorOf([&] { PasteImage(lab, 1); }), ErrorNumber{});
+    ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
+    EXPECT_EQ(
+        desktop.dialogs.messages[0],
+        (RecordingDialogs::Message{"Not pasted: no right to write here\nC:/Temp/clipboard.bmp", "",
+                                   MessageIcon::Exclamation, MessageButtons::Ok}));
+    EXPECT_EQ(channel1.file, kFile);
+    EXPECT_EQ(channel1.nmask, 2);
+    EXPECT_EQ(pb1.Image(), before);
+    EXPECT_EQ(img.Width, 15);
+}
+
+/// A clipboard whose picture goes between two looks.
+class FleetingClipboard : public RecordingClipboard {
+public:
+    using RecordingClipboard::RecordingClipboard;
+    bool hasPicture() override { return true; }
+};
+
+TEST_F(ImageIo, APictureThatHasLeftTheClipboardIsNone) {
+    FleetingClipboard fleeting(desktop.calls);
+    Desktop& services = desktop.desktop();
+    Desktop with{services.dialogs, services.pictures, fleeting,        services.text,
+                 services.printer, services.shell,    services.screen, services.environment,
+                 services.store,   services.files};
+    Lab other{.desktop = with,
+              .folders = lab.folders,
+              .channel1 = channel1,
+              .channel2 = channel2,
+              .pb1 = pb1,
+              .pb2 = pb2,
+              .pb3 = pb3,
+              .pb4 = pb4,
+              .pb5 = pb5,
+              .pb6 = pb6,
+              .mem = mem,
+              .img = img,
+              .lbSTB = lab.lbSTB,
+              .dimmed = {}};
+    EXPECT_EQ(errorOf([&] { PasteImage(other, 1); }), ErrorNumber{});
+    ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
+    EXPECT_EQ(desktop.dialogs.messages[0].text, "No Image Data on Clipboard");
 }
 
 // --- Inverting

@@ -38,6 +38,21 @@ TEST(ClipboardService, APictureOfAnotherProgramIsTakenOverWithTransparencyOnWhit
     EXPECT_EQ(QtClipboard().picture().words, (std::vector<PixelWord>{0xFFFFFF, 0x0A141E}));
 }
 
+TEST(ClipboardService, APromisedPictureThatCannotBeDecodedIsNone) {
+    // As a picture of another program is offered, but with bytes that are none.
+    auto* content = new QMimeData;
+    content->setData(QStringLiteral("application/x-qt-image"), QByteArray("no picture at all"));
+    ASSERT_TRUE(content->hasImage());
+    QGuiApplication::clipboard()->setMimeData(content);
+    QtClipboard clipboard;
+    EXPECT_FALSE(clipboard.hasPicture());
+    EXPECT_THROW(clipboard.picture(), RunTimeError);
+    auto* empty = new QMimeData;
+    empty->setImageData(QImage());
+    QGuiApplication::clipboard()->setMimeData(empty);
+    EXPECT_FALSE(clipboard.hasPicture());
+}
+
 TEST(ClipboardService, TextIsNoPicture) {
     QtClipboard clipboard;
     clipboard.setText("1\t2\r\n\xC3\xA9");

@@ -19,6 +19,7 @@
 #include "desktop/QtDialogs.h"
 #include "engine/RunTimeError.h"
 #include "tests/desktop/when_modal.h"
+#include "tests/support/error_of.h"
 
 namespace quillon {
 namespace {
@@ -163,7 +164,7 @@ TEST_F(DialogService, TheFilterInForceAtTheEndIsTold) {
     EXPECT_EQ(dialog.FilterIndex, 3);
 }
 
-TEST_F(DialogService, TheSaveDialogOffersTheLastNameAndForcesNoExtension) {
+TEST_F(DialogService, TheSaveDialogOffersTheLastNameAndKeepsATypedSuffix) {
     FileDialog dialog;
     dialog.InitDir = toLabPath(folder.path());
     dialog.FileName = toLabPath(folder.filePath(QStringLiteral("last.bmp")));
@@ -177,6 +178,101 @@ TEST_F(DialogService, TheSaveDialogOffersTheLastNameAndForcesNoExtension) {
     });
     dialogs.showSave(dialog);
     EXPECT_EQ(dialog.FileName, toLabPath(folder.filePath(QStringLiteral("new.name"))));
+}
+
+/// A save dialog for bitmaps in a folder that holds "a.bmp".
+class SaveDialog : public DialogService {
+protected:
+    SaveDialog() {
+        make("a.bmp");
+        dialog.InitDir = toLabPath(folder.path());
+        dialog.Filter = "Windows Bitmap (*.bmp)|*.bmp";
+    }
+    /// Types a name into the next file dialog and presses Enter, then does what is next.
+    void type(
+        const char* name, std::function<void()> next = [] {}) {
+        whenModal<QFileDialog>([name, next = std::move(next)](QFileDialog& box) {
+            auto* edit = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            edit->setText(QString::fromLatin1(name));
+            next();
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+    }
+    /// Answers the question whether "a.bmp" is to be replaced.
+    void answer(
+        QMessageBox::StandardButton button, std::function<void()> next = [] {}) {
+        whenModal<QMessageBox>([button, next = std::move(next)](QMessageBox& box) {
+            EXPECT_EQ(box.text(),
+                      QStringLiteral("a.bmp already exists.\nDo you want to replace it?"));
+            next();
+            QTest::mouseClick(box.button(button), Qt::LeftButton);
+        });
+    }
+    std::string pathOf(const char* name) const {
+        return toLabPath(folder.filePath(QString::fromLatin1(name)));
+    }
+
+    FileDialog dialog;
+};
+
+TEST_F(SaveDialog, AddsTheSuffixOfTheFilterWhereNoneWasTyped) {
+    type("new");
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, pathOf("new.bmp"));
+}
+
+TEST_F(SaveDialog, NamesABitmapAsABitmapAlsoWhereAJpegsNameWasTyped) {
+    type("cat.jpg");
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, pathOf("cat.bmp"));
+}
+
+TEST_F(SaveDialog, AsksAboutTheNameWithItsSuffix) {
+    type("a", [this] { answer(QMessageBox::Yes); });
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, pathOf("a.bmp"));
+}
+
+TEST_F(SaveDialog, AsksOnceAboutANameTypedWhole) {
+    type("a.bmp", [this] { answer(QMessageBox::Yes); });
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, pathOf("a.bmp"));
+}
+
+TEST_F(SaveDialog, AsksAboutTheFileThatTheLabWouldReplaceInOtherLetters) {
+    type("A", [this] { answer(QMessageBox::Yes); });
+    dialogs.showSave(dialog);
+}
+
+TEST_F(SaveDialog, DoesNotAskAboutAFileThatStaysAsItIs) {
+    make("new");
+    type("new");
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, pathOf("new.bmp"));
+}
+
+TEST_F(SaveDialog, ComesBackWithTheNameWhereTheFileIsToBeKept) {
+    const auto another = [this] {
+        whenModal<QFileDialog>([](QFileDialog& box) {
+            auto* edit = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            EXPECT_EQ(edit->text(), QStringLiteral("a.bmp"));
+            edit->setText(QStringLiteral("b"));
+            QTest::keyClick(edit, Qt::Key_Return);
+        });
+    };
+    type("a", [=, this] { answer(QMessageBox::No, another); });
+    dialogs.showSave(dialog);
+    EXPECT_EQ(dialog.FileName, pathOf("b.bmp"));
+}
+
+TEST_F(SaveDialog, CanBeCancelledAfterTheQuestion) {
+    dialog.FileName = "\\before.bmp";
+    const auto escape = [] {
+        whenModal<QFileDialog>([](QFileDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    };
+    type("a", [=, this] { answer(QMessageBox::No, escape); });
+    EXPECT_EQ(errorOf([this] { dialogs.showSave(dialog); }), ErrorNumber::DialogCancelled);
+    EXPECT_EQ(dialog.FileName, "\\before.bmp");
 }
 
 TEST_F(DialogService, AFileDialogStartsInItsFolderWhereverTheLastFileLay) {

@@ -334,6 +334,16 @@ TEST_F(PictureFiles, AFolderThatCannotBeWrittenIsError75AndLeavesTheOldFile) {
     EXPECT_EQ(recording.files.bytesOf("C:\\Locked\\out.bmp"), before);
 }
 
+TEST_F(PictureFiles, AFullDiskIsError61) {
+    recording.files.diskFull = true;
+    try {
+        pictures.save(Bitmap(2, 2), "C:\\out.bmp");
+        FAIL() << "the picture was written";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::DiskFull);
+    }
+}
+
 TEST_F(PictureFiles, TheEmptyPictureCannotBeSaved) {
     try {
         pictures.save(Bitmap(), "C:\\out.bmp");

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/NativePaths.h"
 #include "engine/NumberText.h"
 #include "scripting/ReadScript.h"
 #include "scripting/ScriptHost.h"
@@ -91,6 +92,8 @@ public:
     /// The channels, one text each, empty for one that nothing was set in:
     /// "file=a.bmp low=12.5 masks=1,2,3,4 invert=13".
     std::string state(Channel which) const;
+    /// The strip's cell for messages.
+    std::string message() const { return cells[2].Caption; }
 
     using LabFixture::cells;
     using LabFixture::channel1;
@@ -132,10 +135,10 @@ void expectScripts(const std::vector<ScriptCase>& cases);
 
 // Lines of expected actions.
 inline std::string stopFor(const std::string& path) {
-    return "stop File not found:\n" + path;
+    return "stop File not found:\n" + shownPath(path);
 }
 inline std::string warnFor(const std::string& path) {
-    return "warn File not found:\n" + path;
+    return "warn File not found:\n" + shownPath(path);
 }
 inline std::string failure(const std::string& keyword, const std::string& description) {
     return "plain Error in Read Script: [" + keyword + "]" + description;

@@ -401,7 +401,7 @@ TEST_F(Batch, CommandLetsEventsRunBetweenItsDialogAndItsQuestion) {
     EXPECT_TRUE(lines[3].starts_with("dialogs.messageBox(Start ")) << lines[3];
 }
 
-TEST_F(Batch, CommandEndsSilentlyWhereAnEventFails) {
+TEST_F(Batch, CommandEndsWithAWordInTheStripWhereAnEventFails) {
     addPicture("a.bmp", 50);
     File1.Path = "C:\\Before\\";
     bench.desktop.dialogs.answerOpen(kFolder + "a.bmp");
@@ -409,15 +409,19 @@ TEST_F(Batch, CommandEndsSilentlyWhereAnEventFails) {
     EXPECT_EQ(errorOf([&] { BatchCommand(bench.lab, host, window); }), ErrorNumber{});
     EXPECT_EQ(File1.Path, "C:\\Before\\");
     EXPECT_TRUE(bench.desktop.dialogs.messages.empty());
+    EXPECT_EQ(bench.message(), "no batch: Overflow");
 }
 
-TEST_F(Batch, CommandEndsSilentlyWhenCancelledOrWithoutAFolder) {
+TEST_F(Batch, CommandEndsSilentlyWhenCancelledAndWithAWordInTheStripWithoutAFolder) {
     bench.desktop.dialogs.cancelOpen();
     BatchCommand(bench.lab, host, window);
+    EXPECT_EQ(bench.message(), "");
     bench.desktop.dialogs.answerOpen("C:\\no folder\\a.bmp");
     BatchCommand(bench.lab, host, window);
+    EXPECT_EQ(bench.message(), "folder not found: C:/no folder/");
     bench.desktop.dialogs.answerOpen("a.bmp");
     BatchCommand(bench.lab, host, window);
+    EXPECT_EQ(bench.message(), "folder not found: a.bmp");
     EXPECT_TRUE(bench.desktop.dialogs.messages.empty());
 }
 

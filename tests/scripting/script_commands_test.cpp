@@ -67,10 +67,11 @@ TEST_F(ScriptCommands, ThatAreCancelledDoNothing) {
     EXPECT_FALSE(asked("opt(12)"));
 }
 
-TEST_F(ScriptCommands, LoadIsSilentAboutAFailingReset) {
+TEST_F(ScriptCommands, LoadSaysInTheStripAloneThatItsResetFailed) {
     bench.host.failing = "opt(3)";
     LoadScriptCommand(bench.lab, bench.host, kScripts + "s.ftscr");
     expectNothingSaid();
+    EXPECT_EQ(bench.message(), "not loaded: Overflow");
     EXPECT_EQ(bench.state(Channel::One), "");
 }
 
@@ -100,11 +101,12 @@ TEST_F(ScriptCommands, SaveTakesTheScriptsNameForACancelledTitle) {
               "TITLE\tnew.ftscr\r\nLOAD1\ta\r\n");
 }
 
-TEST_F(ScriptCommands, SaveIsSilentWhereItCannotWrite) {
+TEST_F(ScriptCommands, SaveSaysInTheStripAloneThatItCannotWrite) {
     bench.desktop.files.diskFull = true;
     dialogs.answerInput("x");
     SaveScriptCommand(bench.lab, kScripts + "new.ftscr");
     expectNothingSaid();
+    EXPECT_EQ(bench.message(), "not saved: the disk is full");
     EXPECT_FALSE(bench.desktop.files.exists(kScripts + "new.ftscr"));
 }
 
@@ -123,6 +125,11 @@ TEST_F(ScriptCommands, EditOpensTheEditorOnTheChosenScript) {
     dialogs.answerOpen(kScripts + "s.ftscr");
     EditScriptCommand(bench.lab);
     expectNothingSaid();
+    EXPECT_EQ(bench.message(), "no program opens the script");
+    bench.desktop.shell.outcomes["notepad.exe"] = Opening::Missing;
+    dialogs.answerOpen(kScripts + "s.ftscr");
+    EditScriptCommand(bench.lab);
+    EXPECT_EQ(bench.message(), "file not found: s.ftscr");
 }
 
 }  // namespace

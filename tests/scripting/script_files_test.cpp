@@ -88,13 +88,14 @@ TEST_F(ScriptFiles, AreNeverLeftOpenHoweverTheReadingEnds) {
     std::filesystem::create_directory(folder.path() / "folder.ftmsk");
     const int before = openFiles();
     EXPECT_EQ(run("MASK good.ftmsk\r\nLOWPASS 7"), "");
-    EXPECT_EQ(run("LOAD1 no.bmp"), "File not found:\n" + lab.folders.ImagePath + "no.bmp");
+    EXPECT_EQ(run("LOAD1 no.bmp"),
+              "File not found:\n" + shownPath(lab.folders.ImagePath) + "no.bmp");
     EXPECT_EQ(run("MASK"), "Error in Read Script: [MASK]Subscript out of range");
     EXPECT_EQ(run("MASK 2\r\n1 2 3 4"), "Error in Read Script: [MASK]Input past end of file");
     EXPECT_EQ(run("MASK bad.ftmsk"), "Error in Read Script: [MASK]Subscript out of range");
     EXPECT_EQ(run("MASK many.ftmsk"), "Error in Read Script: [MASK]Subscript out of range");
     EXPECT_EQ(run("MASK folder.ftmsk"),
-              "File not found:\n" + lab.folders.ScriptPath + "folder.ftmsk");
+              "File not found:\n" + shownPath(lab.folders.ScriptPath) + "folder.ftmsk");
     bench.host.failing = "opt(7)";
     EXPECT_EQ(run("RNDPHASES"), "Error in Read Script: [RNDPHASES]Overflow");
     bench.host.failing = "opt(3)";

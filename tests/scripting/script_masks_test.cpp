@@ -230,7 +230,7 @@ TEST_F(MaskFiles, ThatAreMissingOrEmptyGiveOneDialogWithAnExclamationMark) {
         bench.desktop.dialogs.messages.clear();
         ReadMaskFile(bench.lab, 1, path);
         EXPECT_EQ(bench.desktop.dialogs.messages,
-                  (std::vector<RecordingDialogs::Message>{{"File not found:\n" + path,
+                  (std::vector<RecordingDialogs::Message>{{"File not found:\n" + shownPath(path),
                                                            "Script Error", MessageIcon::Exclamation,
                                                            MessageButtons::Ok}}));
     }

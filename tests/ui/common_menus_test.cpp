@@ -26,7 +26,7 @@ TEST_F(CommonMenus, ViewImageAndScriptsFolderOpenTheUsersFolders) {
     EXPECT_EQ(desktop.shell.calls, expected);
 }
 
-TEST_F(CommonMenus, AFolderThatCannotBeShownIsSilent) {
+TEST_F(CommonMenus, AFolderThatCannotBeShownOpensNoDialog) {
     desktop.shell.outcomes["explorer.exe"] = Opening::NoProgram;
     EXPECT_EQ(errorOf([&] { form.itmFile(0); }), ErrorNumber{});
     EXPECT_EQ(errorOf([&] { form.itmFile(1); }), ErrorNumber{});

@@ -55,7 +55,7 @@ TEST_F(Drop, OtherControlsTakeNoFiles) {
     EXPECT_TRUE(desktop.log.empty());
 }
 
-TEST_F(Drop, AFileThatCannotBeReadIsAbandonedSilently) {
+TEST_F(Drop, AFileThatCannotBeReadIsAbandonedWithoutADialog) {
     const Bitmap before = form.pb1.Image();
     form.pb1.Tag = "marked";
     for (const char* file : {"C:\\broken.jpg", "C:\\nowhere.bmp", "", "C:\\folder.gif"})

@@ -85,7 +85,7 @@ TEST_F(RoundTrip, LosesACommaOfAFileNameAndOfATitle) {
     form.WriteScript(path, "a,b");
     form.ReadScript(path);
     ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
-    EXPECT_EQ(desktop.dialogs.messages[0].text, "File not found:\nC:\\x.y.bmp");
+    EXPECT_EQ(desktop.dialogs.messages[0].text, "File not found:\nC:/x.y.bmp");
 }
 
 TEST_F(RoundTrip, TakesARadiusOfAHalfAndMoreBackThroughTheRing) {

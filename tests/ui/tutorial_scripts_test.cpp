@@ -41,7 +41,7 @@ public:
     void showNow(Control& control) override { stale(control); }
 };
 
-TEST_F(TutorialScripts, AFailingResetIsSilentInTheLab) {
+TEST_F(TutorialScripts, AFailingResetOpensNoDialogInTheLab) {
     BrokenEntry broken;
     MenuItem& inverted = form.menu(mnuImg1a, 9);
     const auto breakIt = [&] {
