@@ -101,6 +101,7 @@ void reportUnopened(Lab& lab, Opening outcome, const std::string& missing,
                     const std::string& noProgram) {
     switch (outcome) {
         case Opening::Asked:
+        case Opening::Reserved:
             return;
         case Opening::Missing:
             return lab.reportNotDone(missing);

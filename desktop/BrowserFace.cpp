@@ -35,6 +35,9 @@ void BrowserFace::take(std::unique_ptr<BrowserPane> pane) {
     pane_->widget().setAccessibleName(QStringLiteral("Tutorial"));
     // Made last, but it lies below the controls made before it.
     pane_->widget().lower();
+    pane_->onWebAddress = [this](const QUrl& address) {
+        form_.OpenWebAddress(toBytes(address.toString(QUrl::FullyEncoded)));
+    };
     // Both come in the midst of the pane's own work; what follows may take long,
     // and may take the pane away.
     pane_->onScript = [this](const QUrl& script) {

@@ -24,6 +24,8 @@ public:
     /// Called when the user has chosen a link of a local page to a script; the
     /// page stays.
     std::function<void(const QUrl& script)> onScript;
+    /// Called for a page of the web by a pane that shows none itself.
+    std::function<void(const QUrl& address)> onWebAddress;
     /// Called when the pane has broken down and shows nothing any more.
     std::function<void()> onBroken;
 };

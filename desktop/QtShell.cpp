@@ -22,6 +22,16 @@ Opening openFile(const QString& path) {
     return QFileInfo::exists(path) ? open(QUrl::fromLocalFile(path)) : Opening::Missing;
 }
 
+/// Whether a host is in one of the top-level domains that nobody can register. A
+/// full name ends in a point.
+bool isReserved(QString host) {
+    if (host.endsWith(u'.'))
+        host.chop(1);
+    const QString domain = host.section(u'.', -1).toLower();
+    return domain == QStringLiteral("example") || domain == QStringLiteral("invalid") ||
+           domain == QStringLiteral("test");
+}
+
 /// The help as a page, in the same folder as the compiled help.
 QString helpPage(const QString& compiledHelp) {
     return QFileInfo(compiledHelp).path() + QStringLiteral("/doc/help/index.html");
@@ -54,7 +64,8 @@ Opening QtShell::execute(const std::string& program, const std::string& paramete
 }
 
 Opening QtShell::openAddress(const std::string& address) {
-    return open(QUrl(toQString(address), QUrl::TolerantMode));
+    const QUrl page(toQString(address), QUrl::TolerantMode);
+    return isReserved(page.host()) ? Opening::Reserved : open(page);
 }
 
 }  // namespace quillon

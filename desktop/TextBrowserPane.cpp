@@ -1,5 +1,4 @@
 #include <QAction>
-#include <QDesktopServices>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QTextBrowser>
@@ -57,12 +56,14 @@ public:
     QWidget& widget() override { return *reader_; }
 
     void navigate(const QUrl& page) override {
-        if (isWebAddress(page))
-            QDesktopServices::openUrl(page);
-        else if (reader_->source() == page)
+        if (isWebAddress(page)) {
+            if (onWebAddress)
+                onWebAddress(page);
+        } else if (reader_->source() == page) {
             reader_->reload();
-        else
+        } else {
             reader_->setSource(page, QTextDocument::HtmlResource);
+        }
     }
     QUrl localPage() const override { return reader_->source(); }
 

@@ -126,7 +126,9 @@ enum class Opening {
     /// The file or folder is not there.
     Missing,
     /// There is no program that opens it.
-    NoProgram
+    NoProgram,
+    /// The address is of a kind that leads nowhere by agreement; nobody was asked.
+    Reserved
 };
 
 class Shell {
@@ -137,7 +139,8 @@ public:
     /// files and the help. A document is never run.
     virtual Opening execute(const std::string& program, const std::string& parameters,
                             const std::string& directory) = 0;
-    /// Opens an address in the user's browser.
+    /// Opens an address in the user's browser, but none under a top-level domain that
+    /// is reserved for examples and tests: it would show an error page at best.
     virtual Opening openAddress(const std::string& address) = 0;
 };
 

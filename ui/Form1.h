@@ -294,6 +294,8 @@ public:
     /// A script that a page of the tutorial leads to: the light goes on, the lab is
     /// shown, and the script sets it up like one of the menu.
     void RunTutorialScript(const std::string& path);
+    /// Opens a page of the web in the user's own browser.
+    void OpenWebAddress(const std::string& address);
     /// Rolls a panel's picture with wrap-around from the copy in `mem`, by dx and
     /// dy pixels, and shows it. Both lie within one panel size.
     void ShiftPanel(Single dx, Single dy, PictureBox& pb);

@@ -138,6 +138,33 @@ TEST_F(HelpMenu, AMissingHelpIsSaidToBeMissing) {
     EXPECT_TRUE(catcher.opened.isEmpty());
 }
 
+/// The window with the desktop's own shell.
+class HelpMenuOnTheDesktop : public OpenedWindow {
+protected:
+    void SetUp() override {
+        lab = std::make_unique<LabWindow>(onTheDesktop, services.screen, nullptr, browser);
+        Main(onTheDesktop, *lab);
+        settle();
+    }
+    const UrlCatcher catcher;
+    Desktop onTheDesktop{recording.dialogs, services.pictures,    services.clipboard,
+                         services.text,     services.printer,     services.shell,
+                         services.screen,   services.environment, services.store,
+                         services.files};
+};
+
+TEST_F(HelpMenuOnTheDesktop, AReservedAddressIsToldInTheStripAndOpensNothing) {
+    // The start has asked for the companion program's page.
+    const std::string before = form().lbSTB(2).Caption;
+    EXPECT_EQ(before.find("reserved"), std::string::npos) << before;
+    choose("mnu10", "itm10(1)");
+    EXPECT_EQ(form().lbSTB(2).Caption.get(),
+              std::string("this address is reserved for examples: ") + kProductPage);
+    EXPECT_EQ(catcher.opened, QList<QUrl>());
+    choose("mnuOpt", "itmOpt(4)");
+    EXPECT_EQ(form().lbSTB(2).Caption.get(), before);
+}
+
 /// What both panes do with scripts that change the window below them, and with
 /// the history of their first page.
 class OpenedPane : public PaneWindow, public ::testing::WithParamInterface<PaneKind> {

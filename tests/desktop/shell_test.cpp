@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QUrl>
+#include <iterator>
 
 #include "desktop/Conversions.h"
 #include "desktop/QtShell.h"
@@ -72,10 +73,25 @@ TEST_F(ShellService, ADocumentIsOpenedEvenWhereEveryFileMayBeRun) {
 }
 
 TEST_F(ShellService, AnAddressGoesToTheBrowser) {
-    EXPECT_EQ(shell.openAddress("https://www.brindlewood.example/products/Sorrel"), Opening::Asked);
-    ASSERT_EQ(catcher.opened.size(), 1);
-    EXPECT_EQ(catcher.opened[0],
-              QUrl(QStringLiteral("https://www.brindlewood.example/products/Sorrel")));
+    const char* const addresses[] = {"http://localhost:8000/products/Sorrel",
+                                     "https://www.example.localhost/test",
+                                     "https://invalid.localhost/?at=a.test",
+                                     "https://latest/#x.example", "https://127.0.0.1./.test"};
+    for (const char* address : addresses) {
+        EXPECT_EQ(shell.openAddress(address), Opening::Asked) << address;
+        ASSERT_FALSE(catcher.opened.isEmpty()) << address;
+        EXPECT_EQ(catcher.opened.back(), QUrl(QString::fromLatin1(address)));
+    }
+    EXPECT_EQ(catcher.opened.size(), std::ssize(addresses));
+}
+
+TEST_F(ShellService, AReservedAddressGoesToNobody) {
+    for (const char* address :
+         {"https://www.brindlewood.example/products/Sorrel", "http://a.invalid", "http://b.c.test/",
+          "https://WWW.Brindlewood.EXAMPLE:8443/a?b#c", "https://www.brindlewood.example./",
+          "http://user@host.Test:80", "http://example/", "https://a.ex%61mple/x"})
+        EXPECT_EQ(shell.openAddress(address), Opening::Reserved) << address;
+    EXPECT_TRUE(catcher.opened.isEmpty());
 }
 
 TEST_F(ShellService, WhatIsNotThereGoesToNobodyAndIsSaidToBeMissing) {

@@ -199,10 +199,16 @@ class PlainReader : public PaneWindow {};
 TEST_F(PlainReader, SendsPagesOfTheWebToTheUsersBrowserAndKeepsItsOwn) {
     const UrlCatcher catcher;
     followInReader("https://www.brindlewood.example/a");
+    recording.shell.outcomes["https://www.brindlewood.example/"] = Opening::Reserved;
     form().itm10a(0);
-    EXPECT_EQ(catcher.opened,
-              (QList<QUrl>{QUrl(QStringLiteral("https://www.brindlewood.example/a")),
-                           QUrl(QStringLiteral("https://www.brindlewood.example/"))}));
+    // The start has asked for the companion program's page.
+    EXPECT_EQ(recording.shell.addresses,
+              (std::vector<std::string>{"https://www.brindlewood.example/products/Sorrel",
+                                        "https://www.brindlewood.example/a",
+                                        "https://www.brindlewood.example/"}));
+    EXPECT_EQ(catcher.opened, QList<QUrl>()) << "past the shell";
+    EXPECT_EQ(form().lbSTB(2).Caption.get(),
+              "this address is reserved for examples: https://www.brindlewood.example/");
     EXPECT_EQ(titleShown(), QStringLiteral("First"));
 }
 
