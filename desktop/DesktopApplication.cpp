@@ -1,11 +1,13 @@
 #include "desktop/DesktopApplication.h"
 
+#include <QEvent>
 #include <QProxyStyle>
 #include <QThread>
 #include <cstdlib>
 #include <new>
 #include <utility>
 
+#include "desktop/RunningSession.h"
 #include "engine/RunTimeError.h"
 #include "engine/Version.h"
 
@@ -138,14 +140,54 @@ DesktopApplication::Interlude::~Interlude() {
     application_->waiting_ = std::move(waiting_);
 }
 
+bool DesktopApplication::event(QEvent* event) {
+    // The desktop ends the program. The windows close behind this, and a box that
+    // one of them opened would keep the desktop waiting.
+    if (event->type() == QEvent::Quit)
+        endSession(Ending::DesktopClosed);
+    return QApplication::event(event);
+}
+
 void DesktopApplication::endWith(std::exception_ptr error) {
     // While the message stands, a timer may well run into the same error again.
     if (telling_)
         return;
     telling_ = true;
-    dialogs_->messageBox(textOf(error), "", MessageIcon::Critical, MessageButtons::Ok);
+    tell(error);
+    endSession(Ending::Failed);
     telling_ = false;
     ending_(EXIT_FAILURE);
+}
+
+void DesktopApplication::tell(const std::exception_ptr& error) {
+    std::string text = textOf(error) + "\nThe program closes.";
+    if (session_ != nullptr) {
+        session_->stopWork();
+        if (const std::string kept = session_->keptIn(); !kept.empty())
+            text += " The session is kept in " + kept;
+    }
+    try {
+        dialogs_->messageBox(text, "", MessageIcon::Critical, MessageButtons::Ok);
+    } catch (const std::exception&) {
+        // Where not even a box can be shown, the session is kept all the same.
+    }
+}
+
+void DesktopApplication::endBySignal(int signal) {
+    // What a shell reports of a program that a signal has ended.
+    constexpr int kSignalStatus = 128;
+    endSession(Ending::Interrupted);
+    ending_(kSignalStatus + signal);
+}
+
+void DesktopApplication::endAtExit() {
+    endSession(Ending::Interrupted);
+    ending_(EXIT_FAILURE);
+}
+
+void DesktopApplication::endSession(Ending ending) {
+    if (session_ != nullptr)
+        session_->endSession(ending);
 }
 
 }  // namespace quillon

@@ -6,17 +6,21 @@
 #include <functional>
 
 #include "desktop/QtDialogs.h"
+#include "ui/Ending.h"
 
 namespace quillon {
 
-/// The event loop, and the one place that an error reaches which nobody handles:
-/// the user is told its number and its description, and the process ends with
-/// status 1 without the closing of the session.
+class RunningSession;
+
+/// The event loop, and the one place that every end of the program reaches which
+/// no user has asked for. The closing of the session runs first, whatever the
+/// program is at: a batch, a dialog, a menu.
 class DesktopApplication : public QApplication {
 public:
     DesktopApplication(int& argc, char** argv);
 
     bool notify(QObject* receiver, QEvent* event) override;
+    bool event(QEvent* event) override;
 
     /// Runs `act` behind the event that is being delivered, and so behind the
     /// handler that is under way; at once where none is.
@@ -25,9 +29,17 @@ public:
     /// wait for that handler.
     class Interlude;
 
-    /// Tells the error and ends the process.
+    /// An error that nobody handles: the user is told its number, its description
+    /// and where the session is kept; the process ends with status 1.
     void endWith(std::exception_ptr error);
+    /// The process ends with status 128 + `signal` and without a box.
+    void endBySignal(int signal);
+    /// Somebody has called exit() while the session runs; mostly the toolkit, whose
+    /// display is gone. Nothing is asked of the display any more.
+    void endAtExit();
 
+    /// Whose closing runs; none before it starts and after it has gone.
+    void setSession(RunningSession* session) { session_ = session; }
     /// A test takes the place of the end, and of the message before it.
     void setEnding(std::function<void(int status)> ending) { ending_ = std::move(ending); }
     void setDialogs(Dialogs& dialogs) { dialogs_ = &dialogs; }
@@ -39,12 +51,16 @@ private:
     void runWaiting();
     void fail(std::exception_ptr error);
 
+    void tell(const std::exception_ptr& error);
+    void endSession(Ending ending);
+
     /// How deep deliveries are nested, and what waits for the outermost one.
     int deliveries_ = 0;
     std::deque<std::function<void()>> waiting_;
     QtDialogs ownDialogs_;
     Dialogs* dialogs_ = &ownDialogs_;
     std::function<void(int status)> ending_;
+    RunningSession* session_ = nullptr;
     bool telling_ = false;
 };
 

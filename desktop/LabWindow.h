@@ -7,12 +7,13 @@
 #include "desktop/FormWindow.h"
 #include "desktop/QtDialogs.h"
 #include "desktop/QtScreen.h"
+#include "desktop/RunningSession.h"
 #include "ui/Form1.h"
 
 namespace quillon {
 
 /// Brings up the main window and keeps it to the end of the program.
-class LabWindow : public MainWindowOpener {
+class LabWindow : public MainWindowOpener, public RunningSession {
 public:
     /// @param owned dialogs that belong to the window once it is there; may be none
     /// @param browser makes the tutorial's pane
@@ -20,7 +21,18 @@ public:
               BrowserPaneMaker browser = makeBrowserPane)
         : desktop_(desktop), screen_(screen), owned_(owned), browser_(std::move(browser)) {}
 
+    /// Before the opening: sessions are kept against an end without a closing, and
+    /// one that has ended so is taken up.
+    void keepSessions() { keepsSessions_ = true; }
+
     void openMainWindow(const Folders& folders) override;
+
+    // RunningSession
+    void stopWork() override;
+    std::string keptIn() const override;
+    bool writeSnapshot() override;
+    void keepSession() noexcept override;
+    void endSession(Ending ending) noexcept override;
 
     /// Only after openMainWindow was called, even if it has failed.
     Form1& form() { return *form_; }
@@ -34,6 +46,7 @@ private:
     QtScreen& screen_;
     QtDialogs* owned_;
     BrowserPaneMaker browser_;
+    bool keepsSessions_ = false;
     std::unique_ptr<Form1> form_;
     std::unique_ptr<FormWindow> window_;
 };

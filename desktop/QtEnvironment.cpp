@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <csignal>
+#include <cstdio>
 
 #include "desktop/Conversions.h"
 
@@ -80,6 +82,18 @@ LocalTime QtEnvironment::now() {
     const QDate date = moment.date();
     const QTime time = moment.time();
     return {date.year(), date.month(), date.day(), time.hour(), time.minute()};
+}
+
+void QtEnvironment::printError(const std::string& text) {
+#ifdef SIGPIPE
+    // Nobody may be reading any more, and the program still has a file to write.
+    void (*before)(int) = std::signal(SIGPIPE, SIG_IGN);
+#endif
+    std::fprintf(stderr, "quillon: %s\n", text.c_str());
+    std::fflush(stderr);
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, before);
+#endif
 }
 
 }  // namespace quillon

@@ -12,6 +12,7 @@ public:
     std::string executableName() override;
     std::string commandLine() override;
     LocalTime now() override;
+    void printError(const std::string& text) override;
 };
 
 }  // namespace quillon

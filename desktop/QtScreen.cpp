@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <QScopeGuard>
 
 #include "desktop/Conversions.h"
 #include "desktop/DesktopApplication.h"
@@ -27,6 +28,9 @@ void QtScreen::setMousePointer(Integer pointer) {
 
 void QtScreen::pendingEvents() {
     const DesktopApplication::Interlude interlude;
+    // One may begin within another, and a handler that fails ends both.
+    ++eventRuns_;
+    const auto counted = qScopeGuard([this] { --eventRuns_; });
     QCoreApplication::processEvents();
 }
 

@@ -15,11 +15,15 @@ public:
     ColorValue systemColor(SystemColor color) override;
     void dragControl(Control& control) override;
 
+    /// True within pendingEvents(): whatever runs now interrupts a computation.
+    bool isLettingEventsRun() const noexcept { return eventRuns_ > 0; }
+
     /// Who drags a control with the mouse, set by the window.
     void setDragger(std::function<void(Control&)> dragger) { dragger_ = std::move(dragger); }
 
 private:
     bool waiting_ = false;
+    int eventRuns_ = 0;
     std::function<void(Control&)> dragger_;
 };
 

@@ -6,6 +6,7 @@
 #include "desktop/DesktopApplication.h"
 #include "desktop/LabWindow.h"
 #include "desktop/QtDesktop.h"
+#include "desktop/SessionGuard.h"
 #include "engine/Version.h"
 
 int main(int argc, char** argv) {
@@ -20,10 +21,15 @@ int main(int argc, char** argv) {
     application.setDialogs(services.dialogs);
     Desktop desktop = services.desktop();
     LabWindow lab(desktop, services.screen, &services.dialogs);
+    lab.keepSessions();
+    const SessionGuard guard(application, lab);
     Main(desktop, lab);
     // A start that failed before its window leaves nothing to be used, and a
     // script may have closed the session already.
     if (lab.isClosed() || !lab.isOpened())
         return EXIT_SUCCESS;
-    return DesktopApplication::exec();
+    const int status = DesktopApplication::exec();
+    // Whoever has ended the event loop past the window: nothing is lost.
+    lab.endSession(Ending::DesktopClosed);
+    return status;
 }

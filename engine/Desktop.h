@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -185,6 +186,9 @@ public:
     /// All arguments joined by one blank.
     virtual std::string commandLine() = 0;
     virtual LocalTime now() = 0;
+    /// Writes a text and a line end to the standard error output, for what no box
+    /// can say any more. Never throws.
+    virtual void printError(const std::string& text) = 0;
 };
 
 /// The per-user string store.
@@ -205,6 +209,13 @@ public:
 /// the one that is replaced. Quick: it does neither, because a disk takes its time
 /// and a folder may hold thousands of names; for files that can be made again.
 enum class WriteManner { Careful, Quick };
+
+/// A file that one running program holds against all others. It is let go with
+/// the object, and with the program however that ends.
+class HeldFile {
+public:
+    virtual ~HeldFile() = default;
+};
 
 /// Files and folders. Names are found without regard to case where the exact
 /// name does not exist.
@@ -239,6 +250,12 @@ public:
     /// Writes a file for a short while that nobody but the user may read, refusing
     /// to follow a link that somebody else has planted there. It waits for no disk.
     virtual void writePrivately(const std::string& path, std::string_view bytes) = 0;
+    /// When the file was last written, to be compared with that of another file;
+    /// throws FileNotFound where there is no such file.
+    virtual std::int64_t lastWritten(const std::string& path) = 0;
+    /// Holds a file, which is made, empty, where it is missing. Nothing where
+    /// another holds it, or where it cannot be held at all.
+    virtual std::unique_ptr<HeldFile> hold(const std::string& path) = 0;
 };
 
 /// All services together. The lab keeps references to them for its whole life.

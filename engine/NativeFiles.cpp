@@ -1,6 +1,7 @@
 #include "engine/NativeFiles.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -93,6 +94,24 @@ public:
 
 private:
     int descriptor_;
+};
+
+/// The lock goes when the descriptor is closed, by whomever.
+class LockedFile : public HeldFile {
+public:
+    explicit LockedFile(int descriptor) noexcept : file_(descriptor) {}
+
+    bool lock() const noexcept { return ::flock(file_.descriptor(), LOCK_EX | LOCK_NB) == 0; }
+    /// False where the path has become another file's, or none's, since it was opened.
+    bool isAt(const std::string& native) const noexcept {
+        Status held{};
+        Status found{};
+        return ::fstat(file_.descriptor(), &held) == 0 && ::lstat(native.c_str(), &found) == 0 &&
+               held.st_dev == found.st_dev && held.st_ino == found.st_ino;
+    }
+
+private:
+    OpenFile file_;
 };
 
 /// The place behind one character, which in UTF-8 may have several bytes.
@@ -294,6 +313,28 @@ void NativeFiles::writePrivately(const std::string& path, std::string_view bytes
     PendingFile pending(native, kOwnerOnly);
     pending.write(bytes);
     pending.putInPlace(WriteManner::Quick);
+}
+
+std::int64_t NativeFiles::lastWritten(const std::string& path) {
+    const std::optional<Status> status = statusOf(foundPath(path));
+    if (!status.has_value() || !S_ISREG(status->st_mode))
+        throw RunTimeError(ErrorNumber::FileNotFound);
+    constexpr std::int64_t kNanoseconds = 1'000'000'000;
+    return status->st_mtim.tv_sec * kNanoseconds + status->st_mtim.tv_nsec;
+}
+
+std::unique_ptr<HeldFile> NativeFiles::hold(const std::string& path) {
+    const std::string native = pathInFoundFolder(path);
+    constexpr mode_t kOwnerOnly = 0600;
+    const int descriptor =
+        ::open(native.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, kOwnerOnly);
+    if (descriptor < 0)
+        return nullptr;
+    auto file = std::make_unique<LockedFile>(descriptor);
+    // Whoever held it may have removed it between the two steps.
+    if (!file->lock() || !file->isAt(native))
+        return nullptr;
+    return file;
 }
 
 }  // namespace quillon

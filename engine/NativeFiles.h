@@ -38,6 +38,10 @@ public:
     void setWriteManner(WriteManner manner) override { manner_ = manner; }
     /// Throws PathFileAccessError where a link stands at the path.
     void writePrivately(const std::string& path, std::string_view bytes) override;
+    /// Nanoseconds.
+    std::int64_t lastWritten(const std::string& path) override;
+    /// By an advisory lock, so that only programs that ask are kept off.
+    std::unique_ptr<HeldFile> hold(const std::string& path) override;
 
 private:
     WriteManner manner_ = WriteManner::Careful;

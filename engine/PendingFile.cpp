@@ -18,8 +18,9 @@ namespace {
 
 /// Short, whatever the name of the file, and hidden from lists of files.
 std::string temporaryName() {
-    // Opening the source of randomness takes longer than creating the file.
-    static std::random_device random;
+    // Opening the source of randomness takes longer than creating the file. It is
+    // never closed, because a session may be kept as late as within exit().
+    static std::random_device& random = *new std::random_device;
     char name[32];
     std::snprintf(name, sizeof name, ".quillon-%08x%08x", static_cast<unsigned>(random()),
                   static_cast<unsigned>(random()));

@@ -103,6 +103,7 @@ public:
     std::string executableName() override { return {}; }
     std::string commandLine() override { return {}; }
     LocalTime now() override { return {}; }
+    void printError(const std::string& /*text*/) override {}
 };
 
 class NullStore : public StringStore {
@@ -141,6 +142,8 @@ public:
     void write(const std::string& /*path*/, std::string_view /*bytes*/) override {}
     void setWriteManner(WriteManner /*wait*/) override {}
     void writePrivately(const std::string& /*path*/, std::string_view /*bytes*/) override {}
+    std::int64_t lastWritten(const std::string& /*path*/) override { return 0; }
+    std::unique_ptr<HeldFile> hold(const std::string& /*path*/) override { return nullptr; }
 };
 
 /// A lab without a window on a desktop where nothing happens.

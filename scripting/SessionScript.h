@@ -6,6 +6,9 @@
 
 namespace quillon {
 
+/// The title of every script that keeps a session.
+inline constexpr const char* kSessionTitle = "Last Images";
+
 /// The script that a session leaves behind: "last.ftscr" in the script folder. All
 /// labs of a user write the same one, and of two at once the later closing wins.
 class SessionScript {

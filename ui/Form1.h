@@ -14,9 +14,12 @@
 #include "engine/PictureBox.h"
 #include "engine/clComplexImage.h"
 #include "scripting/ScriptHost.h"
+#include "scripting/SessionKeeper.h"
 #include "scripting/SessionScript.h"
+#include "scripting/session_rescue.h"
 #include "ui/ControlTable.h"
 #include "ui/Controls.h"
+#include "ui/Ending.h"
 #include "ui/MenuTable.h"
 #include "ui/dlgARRAY.h"
 #include "ui/frmAbout.h"
@@ -155,11 +158,29 @@ public:
     // --- Session (Form1_session.cpp, Form1_settings.cpp)
     /// The opening, in its fixed order, up to the first-use message.
     void Form_Load();
-    /// The closing: settings, then the session script. Never refuses.
+    /// The closing: settings, then the session script. Throws what the script's
+    /// writing throws.
     void Form_QueryUnload();
-    /// Runs the closing once and tells the host that the window goes.
+    /// Ends the session as its user wishes and lets the window go.
     void unload() override;
     bool isUnloaded() const noexcept { return unloaded_; }
+    /// Held controls and a batch go on no more.
+    void stopWork();
+    /// Before the opening: a session that ended without its closing is taken up, and
+    /// this one is kept against such an end. Without the call neither is done.
+    void keepSessions() { keeper_ = std::make_unique<SessionKeeper>(lab); }
+    /// Keeps the session of this moment where anything has changed. False during a
+    /// batch, which goes through pictures that are not the user's.
+    bool writeSnapshot();
+    /// Writes what the closing writes, and the session goes on. Nobody is asked,
+    /// and a failure is said on the standard error output.
+    void keepSession() noexcept;
+    /// Ends the session without a word to the host: stops the work and runs the
+    /// closing, once. A closing that cannot write its script saves the session
+    /// under TMP and says so, in a box where somebody can see it, else on the
+    /// standard error output. Never throws. An opening that was interrupted has
+    /// no session yet, and the script of the one before stays.
+    void endSession(Ending ending) noexcept;
     void ReadRegistry();
     void SaveRegistry();
     /// Runs a script. What fails in it is told by its own dialogs.
@@ -322,6 +343,11 @@ public:
     bool bStopBatch = false;
 
 private:
+    void showFirstPictures();
+    bool takeUp(const std::string& session);
+    void close(Ending ending);
+    /// What became of the session, here or under TMP.
+    SessionRescue::Result runClosing(Ending ending);
     void WriteDefaultSettings();
     void paintScheme();
     void askIntensityFactor(Channel which);
@@ -399,6 +425,10 @@ private:
     FormHost* host_ = nullptr;
     Single scaleWidth_ = kDesignWidth;
     Single scaleHeight_ = kDesignHeight;
+    /// None where sessions are not kept.
+    std::unique_ptr<SessionKeeper> keeper_;
+    /// The opening is over: the panels show what a closing can keep.
+    bool opened_ = false;
     bool unloaded_ = false;
     Histogram histogram_;
     /// The next release belongs to a press that opened a menu or to the second

@@ -1,4 +1,8 @@
+#include <exception>
+#include <utility>
+
 #include "engine/mFFTUTIL.h"
+#include "scripting/session_rescue.h"
 #include "ui/Form1.h"
 
 namespace quillon {
@@ -76,9 +80,23 @@ void showSamples(Lab& lab) {
     lab.channel2.CalculateAll();
 }
 
+/// Sets a mark when it goes.
+class MarkAtEnd {
+public:
+    explicit MarkAtEnd(bool& mark) : mark_(mark) {}
+    MarkAtEnd(const MarkAtEnd&) = delete;
+    MarkAtEnd& operator=(const MarkAtEnd&) = delete;
+    ~MarkAtEnd() { mark_ = true; }
+
+private:
+    bool& mark_;
+};
+
 }  // namespace
 
 void Form1::Form_Load() {
+    // Also at the end of an opening that fails: its window is there and is used.
+    const MarkAtEnd opened(opened_);
     sessionScript.begin();
     Width = kWindowWidth;
     Height = kWindowHeight;
@@ -102,13 +120,7 @@ void Form1::Form_Load() {
     desktop.screen.pendingEvents();
     SetFilterRings(5.0F);
     noticeMissingFolders(desktop, lab.folders);
-    const std::string script = startScript(desktop);
-    lab.runCommand([&] {
-        if (!script.empty())
-            ReadScript(script);
-        else
-            showSamples(lab);
-    });
+    lab.runCommand([this] { showFirstPictures(); });
     mirrorAutoCalculate(*this);
     if (firstRun)
         desktop.dialogs.messageBox(
@@ -117,27 +129,112 @@ void Form1::Form_Load() {
             "First Time Use", MessageIcon::Information, MessageButtons::Ok);
 }
 
+void Form1::showFirstPictures() {
+    if (const std::string script = startScript(desktop); !script.empty())
+        return ReadScript(script);
+    const std::string ended = keeper_ ? keeper_->takeEndedSession() : std::string();
+    if (!ended.empty() && takeUp(ended))
+        return;
+    showSamples(lab);
+    if (keeper_)
+        keeper_->passOver();
+}
+
+/// False where the session has left nothing to show; why is in the dialogs of its script.
+bool Form1::takeUp(const std::string& session) {
+    ReadScript(session);
+    if (lab.channel1.file.empty() && lab.channel2.file.empty())
+        return false;
+    // Kept anew at once, for this program may end like the last.
+    keeper_->writeSnapshot();
+    lab.reportNotDone("last session restored; spectrum edits, view and factor were not");
+    return true;
+}
+
 void Form1::Form_QueryUnload() {
     SaveRegistry();
-    sessionScript.write("Last Images");
+    sessionScript.write(kSessionTitle);
 }
 
 void Form1::unload() {
     // The closing itself lets no second closing in.
     if (unloaded_)
         return;
-    unloaded_ = true;
-    // The user is gone: a batch under way ends with its image in progress.
-    bStopBatch = true;
-    try {
-        Form_QueryUnload();
-    } catch (...) {
-        // A closing that failed has closed nothing, so the window can be closed again.
-        unloaded_ = false;
-        throw;
-    }
+    endSession(Ending::Closed);
     if (host_ != nullptr)
         host_->unloaded();
+}
+
+void Form1::stopWork() {
+    Timer1.Enabled = false;
+    // The user is gone: a batch under way ends with its image in progress.
+    bStopBatch = true;
+}
+
+void Form1::keepSession() noexcept {
+    if (unloaded_ || !opened_)
+        return;
+    try {
+        close(Ending::DesktopClosed);
+    } catch (...) {
+        // What could not even be said is no reason to keep the desktop waiting.
+    }
+}
+
+void Form1::endSession(Ending ending) noexcept {
+    if (std::exchange(unloaded_, true))
+        return;
+    try {
+        stopWork();
+        if (opened_ || ending == Ending::Closed)
+            close(ending);
+    } catch (...) {
+        // The box could not be shown. A window that closes does close.
+    }
+}
+
+bool Form1::writeSnapshot() {
+    if (lab.channel1.bBatch)
+        return false;
+    if (keeper_ && opened_ && !unloaded_)
+        keeper_->writeSnapshot();
+    return true;
+}
+
+void Form1::close(Ending ending) {
+    const SessionRescue::Result result = runClosing(ending);
+    // Where nothing could be kept, the last snapshot is what there is.
+    if (!keeper_ || result == SessionRescue::Result::Lost)
+        return;
+    if (isOrderly(ending))
+        keeper_->close();
+    else
+        keeper_->leave();
+}
+
+SessionRescue::Result Form1::runClosing(Ending ending) {
+    const std::string file1 = lab.channel1.file;
+    const std::string file2 = lab.channel2.file;
+    std::string why;
+    try {
+        Form_QueryUnload();
+        return SessionRescue::Result::Kept;
+    } catch (const std::exception& failure) {
+        why = failure.what();
+    }
+    // A picture that was not written has left its name with the channel.
+    if (!FileExists(desktop.files, lab.channel1.file))
+        lab.channel1.file = file1;
+    if (!FileExists(desktop.files, lab.channel2.file))
+        lab.channel2.file = file2;
+    const SessionRescue rescue = rescueSession(lab, sessionScript.path(), why);
+    const bool seen = isSeen(ending);
+    if (!seen || rescue.result == SessionRescue::Result::Lost)
+        desktop.environment.printError(rescue.text);
+    if (seen)
+        desktop.dialogs.messageBox(rescue.text, "Session", MessageIcon::Critical,
+                                   MessageButtons::Ok);
+    return rescue.result;
 }
 
 }  // namespace quillon

@@ -40,6 +40,8 @@ void OpenedWindow::open() {
     services.dialogs.setOwner(nullptr);
     lab = std::make_unique<LabWindow>(desktop, services.screen, real ? &services.dialogs : nullptr,
                                       browser);
+    if (keepsSessions)
+        lab->keepSessions();
     Main(desktop, *lab);
     settle();
 }

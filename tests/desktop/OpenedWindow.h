@@ -78,6 +78,8 @@ protected:
     Desktop desktop;
     /// The tutorial's pane of the next opening.
     BrowserPaneMaker browser = makeTextBrowserPane;
+    /// Whether the next opening keeps its session and takes up one that was not closed.
+    bool keepsSessions = false;
     std::unique_ptr<LabWindow> lab;
 };
 

@@ -142,7 +142,8 @@ TEST_F(DrawingTools, AFourthPointByTheMiddleButtonEndsTheProgramWithItsError) {
     application.resetEnding();
     EXPECT_EQ(endings, std::vector<int>{1});
     ASSERT_EQ(recording.dialogs.messages.size(), 1U);
-    EXPECT_EQ(recording.dialogs.messages[0].text, "Run-time error '9':\nSubscript out of range");
+    EXPECT_EQ(recording.dialogs.messages[0].text,
+              "Run-time error '9':\nSubscript out of range\nThe program closes.");
 }
 
 TEST_F(DrawingTools, ADragRollsAnImageAroundItsEdgesAlsoFromBeyondThem) {

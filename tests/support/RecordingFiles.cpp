@@ -233,7 +233,9 @@ std::vector<std::string> RecordingFiles::list(const std::string& folder,
 void RecordingFiles::copy(const std::string& from, const std::string& to) {
     log_.add("files.copy(" + from + ", " + to + ")");
     const File source = existing(from);
-    fileToWrite(to) = source;
+    File& copied = fileToWrite(to);
+    copied = source;
+    copied.written = ++writes_;
 }
 
 void RecordingFiles::remove(const std::string& path) {
@@ -253,7 +255,9 @@ std::string RecordingFiles::read(const std::string& path) {
 
 void RecordingFiles::write(const std::string& path, std::string_view bytes) {
     log_.add("files.write(" + path + ")");
-    replaceBytes(fileToWrite(path), bytes);
+    File& file = fileToWrite(path);
+    replaceBytes(file, bytes);
+    file.written = ++writes_;
 }
 
 void RecordingFiles::writePrivately(const std::string& path, std::string_view bytes) {
@@ -261,6 +265,39 @@ void RecordingFiles::writePrivately(const std::string& path, std::string_view by
     File& file = fileToWrite(path);
     replaceBytes(file, bytes);
     file.privately = true;
+    file.written = ++writes_;
+}
+
+std::int64_t RecordingFiles::lastWritten(const std::string& path) {
+    log_.add("files.lastWritten(" + path + ")");
+    return existing(path).written;
+}
+
+/// Lets its file go at the end.
+class RecordingFiles::Hold : public HeldFile {
+public:
+    Hold(std::shared_ptr<std::set<std::string>> held, std::string path)
+        : held_(std::move(held)), path_(std::move(path)) {}
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+    ~Hold() override { held_->erase(path_); }
+
+private:
+    std::shared_ptr<std::set<std::string>> held_;
+    std::string path_;
+};
+
+std::unique_ptr<HeldFile> RecordingFiles::hold(const std::string& path) {
+    log_.add("files.hold(" + path + ")");
+    try {
+        if (!exists(path))
+            replaceBytes(fileToWrite(path), "");
+    } catch (const RunTimeError&) {
+        return nullptr;
+    }
+    if (!held_->insert(lowered(normal(path))).second)
+        return nullptr;
+    return std::make_unique<Hold>(held_, lowered(normal(path)));
 }
 
 }  // namespace quillon

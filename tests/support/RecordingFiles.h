@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -25,6 +26,8 @@ public:
         std::optional<Bitmap> picture;
         bool readOnly = false;
         bool privately = false;
+        /// Counts the writes, to the last of this file.
+        std::int64_t written = 0;
     };
 
     explicit RecordingFiles(CallLog& log) : log_(log) {}
@@ -65,8 +68,12 @@ public:
     void write(const std::string& path, std::string_view bytes) override;
     void setWriteManner(WriteManner manner) override { writeManner = manner; }
     void writePrivately(const std::string& path, std::string_view bytes) override;
+    std::int64_t lastWritten(const std::string& path) override;
+    std::unique_ptr<HeldFile> hold(const std::string& path) override;
 
 private:
+    class Hold;
+
     bool knowsFolder(const std::string& path) const;
     File& fileToWrite(const std::string& path);
     File& existing(const std::string& path);
@@ -75,6 +82,9 @@ private:
     std::map<std::string, File> files_;
     std::set<std::string> folders_;
     std::set<std::string> readOnlyFolders_;
+    /// Shared with the holds, which may outlive the files.
+    std::shared_ptr<std::set<std::string>> held_ = std::make_shared<std::set<std::string>>();
+    std::int64_t writes_ = 0;
 };
 
 }  // namespace quillon

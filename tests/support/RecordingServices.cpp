@@ -307,6 +307,11 @@ LocalTime RecordingEnvironment::now() {
     return time;
 }
 
+void RecordingEnvironment::printError(const std::string& text) {
+    log_.add(line("environment.printError", text));
+    errors.push_back(text);
+}
+
 std::string RecordingStringStore::read(const std::string& key, const std::string& name) {
     log_.add(line("store.read", key, name));
     const auto found = values.find({key, name});

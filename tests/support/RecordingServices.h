@@ -260,6 +260,8 @@ public:
     std::string executable = "Quillon";
     std::string arguments;
     LocalTime time{2024, 3, 9, 8, 5};
+    /// What was written to the standard error output.
+    std::vector<std::string> errors;
 
     std::string variable(const std::string& name) override;
     std::string applicationDataFolder() override;
@@ -267,6 +269,7 @@ public:
     std::string executableName() override;
     std::string commandLine() override;
     LocalTime now() override;
+    void printError(const std::string& text) override;
 
 private:
     CallLog& log_;

@@ -2,7 +2,6 @@
 #include <string>
 
 #include "tests/support/CommandFixture.h"
-#include "tests/support/error_of.h"
 
 // Scripts that are written and read again, and the script of a session.
 
@@ -124,21 +123,6 @@ TEST_F(RoundTrip, EndsTheSessionOnceByExitAndStillRunsTheRest) {
     EXPECT_LT(placeOf("files.write(" + folders.ScriptPath + "last.ftscr)"),
               placeOf("host.unloaded()"));
     form.unload();
-    EXPECT_EQ(host.unloads, 1);
-}
-
-TEST_F(RoundTrip, LeavesAWindowThatCannotWriteItsSessionToBeClosedAgain) {
-    desktop.files.diskFull = true;
-    EXPECT_EQ(errorOf([&] { form.unload(); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(host.unloads, 0);
-    form.itmFile(5);
-    EXPECT_EQ(host.unloads, 0) << "the menu's Exit is refused in silence";
-    desktop.files.addFile("C:\\e.ftscr", "EXIT\r\nCONVOLVE1");
-    form.ReadScript("C:\\e.ftscr");
-    ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
-    EXPECT_EQ(desktop.dialogs.messages[0].text, "Error in Read Script: [CONVOLVE1]Disk full");
-    desktop.files.diskFull = false;
-    form.itmFile(5);
     EXPECT_EQ(host.unloads, 1);
 }
 
