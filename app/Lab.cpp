@@ -35,10 +35,24 @@ void Lab::beginCommand() {
         ShowStatus(2, before.covered);
 }
 
-void Lab::endCommand() {
-    // The transforms of the same command write their filter into the cell too.
+void Lab::keepReport() {
     if (!notDone.report.empty() && lbSTB[2]->Caption.get() != notDone.report)
         reportNotDone(notDone.report);
+}
+
+void Lab::showFileName(Integer panelId) {
+    const Channel which = channelOfPanel(panelId);
+    const std::string& name = channel(which).sfile;
+    namedPanel = panelId;
+    if (panelId == spectrumPanelId(which))
+        lbSTB[0]->Caption = " [FT] " + name;
+    else
+        lbSTB[0]->Caption = name + (panelId == imagePanelId(which) ? " " : " [iFT] ");
+}
+
+void Lab::fileLoaded(Channel which) {
+    if (namedPanel != 0 && channelOfPanel(namedPanel) == which)
+        showFileName(namedPanel);
 }
 
 void Lab::ClearChannelTags(Integer panelId) const {

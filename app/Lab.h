@@ -60,6 +60,8 @@ struct Lab {
     bool frenchTutorial = false;
     /// 1 Lab, 2 Tutorial, 0 before the first click on a tab.
     Integer viewTab = 0;
+    /// The panel whose file name the strip shows, 0 before the first.
+    Integer namedPanel = 0;
     /// True while the light is off.
     std::function<bool()> dimmed;
     /// What the last command has not done and why, and the text of cell 2 that
@@ -86,20 +88,28 @@ struct Lab {
     /// Says in cell 2 in a few words what was not done, and why. It stays until the
     /// next command, which uncovers what the cell showed without it.
     void reportNotDone(const std::string& what);
+    /// Says it again where a transform has written into the cell since.
+    void keepReport();
     /// Runs a command of the user: a choice in a menu, a key, a drop. Whatever calls
     /// commands on the user's behalf, such as a script, is one command itself.
     template <class Command>
     void runCommand(Command command) {
         beginCommand();
         command();
-        endCommand();
+        // The transforms of the same command write their filter into the cell too.
+        keepReport();
     }
+    /// The file name of a panel's channel into the strip's cell for it, in the form
+    /// of the panel's kind: the pointer is on the panel.
+    void showFileName(Integer panelId);
+    /// After a load into a channel: the cell shows the new name, if it shows one of
+    /// that channel's panels.
+    void fileLoaded(Channel which);
     /// Empties the Tags of a channel's three panels before a new computation.
     void ClearChannelTags(Integer panelId) const;
 
 private:
     void beginCommand();
-    void endCommand();
 };
 
 }  // namespace quillon

@@ -76,6 +76,7 @@ void recalculate(Lab& lab, Channel which) {
     lab.ClearChannelTags(imagePanelId(which));
     lab.desktop.screen.pendingEvents();
     lab.channel(which).CalculateAll();
+    lab.fileLoaded(which);
 }
 
 std::string askForImage(Lab& lab) {

@@ -7,21 +7,39 @@
 #include "desktop/Conversions.h"
 #include "desktop/page_links.h"
 #include "ui/Form1.h"
+#include "ui/tutorial_pages.h"
 
 namespace quillon {
 
 namespace {
 
+/// A page that the engine cannot show ends it again at once, and that must come to
+/// an end.
+constexpr std::chrono::minutes kBetweenRestarts{1};
+
 /// The page of an address as the lab writes it: one of the web, or a file's path.
 QUrl pageOf(const std::string& address) {
     const QUrl url(toQString(address));
-    return isWebAddress(url) ? url : QUrl::fromLocalFile(toNativePath(address));
+    if (isWebAddress(url))
+        return url;
+    const PageAddress page = pageAddress(address);
+    QUrl local = QUrl::fromLocalFile(toNativePath(page.file));
+    if (!page.place.empty())
+        local.setFragment(toQString(page.place));
+    return local;
+}
+
+/// The other way round.
+std::string addressOf(const QUrl& page) {
+    if (!page.isLocalFile())
+        return toBytes(page.toString());
+    return PageAddress{toLabPath(page.toLocalFile()), toBytes(page.fragment())}.text();
 }
 
 }  // namespace
 
-BrowserFace::BrowserFace(Form1& form, Browser& browser, QWidget& parent, BrowserPaneMaker maker)
-    : form_(form), browser_(browser), parent_(parent), maker_(std::move(maker)) {
+BrowserFace::BrowserFace(Form1& form, Browser& browser, QWidget& parent, BrowserSource source)
+    : form_(form), browser_(browser), parent_(parent), source_(std::move(source)) {
     browser_.watch(this);
 }
 
@@ -38,6 +56,7 @@ void BrowserFace::take(std::unique_ptr<BrowserPane> pane) {
     pane_->onWebAddress = [this](const QUrl& address) {
         form_.OpenWebAddress(toBytes(address.toString(QUrl::FullyEncoded)));
     };
+    pane_->onPage = [this](const QUrl& page) { browser_.Location = addressOf(page); };
     // Both come in the midst of the pane's own work; what follows may take long,
     // and may take the pane away.
     pane_->onScript = [this](const QUrl& script) {
@@ -45,9 +64,12 @@ void BrowserFace::take(std::unique_ptr<BrowserPane> pane) {
             this, [this, script] { form_.RunTutorialScript(toLabPath(script.toLocalFile())); },
             Qt::QueuedConnection);
     };
-    pane_->onBroken = [this] {
-        QMetaObject::invokeMethod(
-            this, [this] { replaceBroken(); }, Qt::QueuedConnection);
+    pane_->onBroken = [this, broken = pane_.get()] {
+        const auto unlessReplaced = [this, broken] {
+            if (pane_.get() == broken)
+                recover();
+        };
+        QMetaObject::invokeMethod(this, unlessReplaced, Qt::QueuedConnection);
     };
 }
 
@@ -57,7 +79,7 @@ void BrowserFace::stale(Control& /*control*/) {
     if (!pane_ && !browser_.Visible)
         return;
     if (!pane_)
-        take(maker_(parent_));
+        take(source_.make(parent_));
     followState();
 }
 
@@ -73,6 +95,15 @@ void BrowserFace::followState() {
         shownRequest_ = browser_.Requests;
         pane_->navigate(pageOf(browser_.Address));
     }
+}
+
+void BrowserFace::recover() {
+    const auto now = source_.now();
+    if (restarted_ && now - *restarted_ < kBetweenRestarts)
+        return replaceBroken();
+    restarted_ = now;
+    const QUrl page = pane_->page();
+    pane_->navigate(page.isValid() ? page : pageOf(browser_.Address));
 }
 
 void BrowserFace::replaceBroken() {

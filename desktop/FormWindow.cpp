@@ -88,7 +88,7 @@ private:
     FormWindow& window_;
 };
 
-FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser)
+FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserSource browser)
     : form_(form), screen_(screen), bar_(new QMenuBar(this)), area_(new QWidget(this)) {
     setObjectName(QStringLiteral("FormWindow"));
     setFocusPolicy(Qt::StrongFocus);
@@ -124,7 +124,7 @@ QWidget* FormWindow::widgetOf(const Control& control) const {
     return nullptr;
 }
 
-void FormWindow::build(const ControlRow& row, Control& control, BrowserPaneMaker& browser) {
+void FormWindow::build(const ControlRow& row, Control& control, BrowserSource& browser) {
     QWidget& parent = parentWidgetOf(control);
     QWidget* widget = nullptr;
     switch (row.kind) {

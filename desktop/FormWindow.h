@@ -29,7 +29,7 @@ class QtScreen;
 /// window's object. The object outlives it.
 class FormWindow : public QWidget, public FormHost {
 public:
-    FormWindow(Form1& form, QtScreen& screen, BrowserPaneMaker browser);
+    FormWindow(Form1& form, QtScreen& screen, BrowserSource browser);
     ~FormWindow() override;
 
     // FormHost
@@ -58,7 +58,7 @@ private:
     /// be, the window becomes.
     class Surface;
 
-    void build(const ControlRow& row, Control& control, BrowserPaneMaker& browser);
+    void build(const ControlRow& row, Control& control, BrowserSource& browser);
     /// What ticks for a held [-] or [+].
     std::unique_ptr<ControlWatcher> heldControlsTimer(Timer& timer);
     QWidget& parentWidgetOf(const Control& control);

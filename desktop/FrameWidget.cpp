@@ -2,6 +2,7 @@
 
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
 
 #include "desktop/Conversions.h"
 
@@ -14,6 +15,17 @@ constexpr int kCaptionMargin = 3;
 
 }  // namespace
 
+int FrameWidget::captionRoom(int lineHeight) const {
+    int end = width() - kCaptionLeft;
+    for (const QObject* child : children()) {
+        const auto* control = qobject_cast<const QWidget*>(child);
+        if (control != nullptr && !control->isHidden() && control->y() < lineHeight &&
+            control->x() > kCaptionLeft)
+            end = std::min(end, control->x() - kCaptionMargin);
+    }
+    return end - kCaptionLeft;
+}
+
 void FrameWidget::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     const QColor ground = toQColor(frame_.BackColor());
@@ -22,7 +34,8 @@ void FrameWidget::paintEvent(QPaintEvent* /*event*/) {
     const QFont letters = toQFont(frame_.FontName, frame_.FontSize, frame_.FontBold);
     const QFontMetrics metrics(letters);
     const QString caption = toQString(frame_.Caption.get());
-    const int width = metrics.horizontalAdvance(caption);
+    const int natural = metrics.horizontalAdvance(caption);
+    const int width = std::min(natural, captionRoom(metrics.height()));
     if (frame_.BorderStyle == 1) {
         // Filled, because a thin pen may miss the edge at a scale between whole numbers.
         const QRect outer = rect().adjusted(0, metrics.height() / 2, 0, 0);
@@ -34,7 +47,11 @@ void FrameWidget::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setFont(letters);
     painter.setPen(ink);
-    painter.drawText(kCaptionLeft, metrics.ascent(), caption);
+    // Squeezed, not cut: of a factor no digit may be missing.
+    painter.translate(kCaptionLeft, metrics.ascent());
+    if (width < natural)
+        painter.scale(static_cast<double>(width) / natural, 1);
+    painter.drawText(0, 0, caption);
 }
 
 }  // namespace quillon

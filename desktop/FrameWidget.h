@@ -6,7 +6,8 @@
 
 namespace quillon {
 
-/// A box with its caption on the upper border. Without border the caption stays.
+/// A box with its caption on the upper border. Without border the caption stays. It
+/// ends before the controls that lie in its line, however long it is.
 class FrameWidget : public QWidget {
 public:
     FrameWidget(const Control& frame, QWidget* parent) : QWidget(parent), frame_(frame) {}
@@ -15,6 +16,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// How wide a caption may be.
+    int captionRoom(int lineHeight) const;
+
     const Control& frame_;
 };
 

@@ -16,9 +16,8 @@ namespace quillon {
 class LabWindow : public MainWindowOpener, public RunningSession {
 public:
     /// @param owned dialogs that belong to the window once it is there; may be none
-    /// @param browser makes the tutorial's pane
-    LabWindow(Desktop& desktop, QtScreen& screen, QtDialogs* owned,
-              BrowserPaneMaker browser = makeBrowserPane)
+    /// @param browser where the tutorial's pane comes from
+    LabWindow(Desktop& desktop, QtScreen& screen, QtDialogs* owned, BrowserSource browser = {})
         : desktop_(desktop), screen_(screen), owned_(owned), browser_(std::move(browser)) {}
 
     /// Before the opening: sessions are kept against an end without a closing, and
@@ -45,7 +44,7 @@ private:
     Desktop& desktop_;
     QtScreen& screen_;
     QtDialogs* owned_;
-    BrowserPaneMaker browser_;
+    BrowserSource browser_;
     bool keepsSessions_ = false;
     std::unique_ptr<Form1> form_;
     std::unique_ptr<FormWindow> window_;

@@ -3,6 +3,7 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QUrl>
+#include <string_view>
 
 #include "desktop/Conversions.h"
 
@@ -32,18 +33,25 @@ bool isReserved(QString host) {
            domain == QStringLiteral("test");
 }
 
-/// The help as a page, in the same folder as the compiled help.
-QString helpPage(const QString& compiledHelp) {
-    return QFileInfo(compiledHelp).path() + QStringLiteral("/doc/help/index.html");
+/// A page of the compiled help ("Quillon.chm::/en/index.html") as a file: the same
+/// pages lie beside the compiled help. Without a page the one that offers the
+/// languages.
+QString helpPage(const std::string& asked) {
+    constexpr std::string_view kPageMark = "::/";
+    const auto mark = asked.find(kPageMark);
+    const std::string page =
+        mark == std::string::npos ? "index.html" : asked.substr(mark + kPageMark.size());
+    return QFileInfo(toNativePath(asked.substr(0, mark))).path() + QStringLiteral("/doc/help/") +
+           toQString(page);
 }
 
 }  // namespace
 
 Opening QtShell::execute(const std::string& program, const std::string& parameters,
                          [[maybe_unused]] const std::string& directory) {
-    const QString target = toNativePath(parameters);
 #ifdef Q_OS_WIN
     if (program.ends_with(".exe")) {
+        const QString target = toNativePath(parameters);
         const QString folder = toNativePath(directory);
         return QProcess::startDetached(toQString(program), QProcess::splitCommand(target),
                                        QFileInfo(folder).isDir() ? folder : QString())
@@ -54,9 +62,9 @@ Opening QtShell::execute(const std::string& program, const std::string& paramete
     // No viewer of compiled help is to be counted on here; the same help lies
     // beside it as pages.
     if (program == "hh.exe")
-        return openFile(helpPage(target));
+        return openFile(helpPage(parameters));
     if (program == "explorer.exe" || program == "notepad.exe")
-        return openFile(target);
+        return openFile(toNativePath(parameters));
 #endif
     // A document is never run, though on some disks every file may be.
     const QString file = toNativePath(program);

@@ -48,6 +48,10 @@ public:
         reader_->setOpenLinks(false);
         QObject::connect(reader_, &QTextBrowser::anchorClicked, reader_,
                          [this](const QUrl& link) { follow(link); });
+        QObject::connect(reader_, &QTextBrowser::sourceChanged, reader_, [this](const QUrl& page) {
+            if (onPage)
+                onPage(page);
+        });
     }
     TextBrowserPane(const TextBrowserPane&) = delete;
     TextBrowserPane& operator=(const TextBrowserPane&) = delete;
@@ -65,6 +69,7 @@ public:
             reader_->setSource(page, QTextDocument::HtmlResource);
         }
     }
+    QUrl page() const override { return reader_->source(); }
     QUrl localPage() const override { return reader_->source(); }
 
 private:

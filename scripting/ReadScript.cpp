@@ -173,6 +173,7 @@ void ScriptRun::loadImage(Integer /*unused*/) {
     const std::string path = inFolder(lab_.folders.ImagePath, argument_);
     if (FileExists(lab_.desktop.files, path)) {
         lab_.channel(section_).LoadImageFile(path);
+        lab_.fileLoaded(section_);
         return;
     }
     lab_.desktop.dialogs.messageBox("File not found:\n" + shownPath(path), "Script Error",

@@ -17,6 +17,8 @@ constexpr const char* kFilter =
     "Images (*.bmp;*.gif;*.jpg)|*.bmp;*.gif;*.jpg|JPG Images (*.jpg)|*.jpg|"
     "GIF Images (*.gif)|*.gif|BMP Images (*.bmp)|*.bmp";
 
+constexpr const char* kRefusal = "not begun: one batch at a time";
+
 constexpr Integer kViewImageFolder = 0;
 constexpr Single kRestingSize = 15;
 /// The border of a panel on both sides, in twips.
@@ -65,6 +67,25 @@ public:
 private:
     Files& files_;
 };
+
+/// While it lives, a batch is under way.
+class UnderWay {
+public:
+    explicit UnderWay(bool& running) : running_(running) { running_ = true; }
+    UnderWay(const UnderWay&) = delete;
+    UnderWay& operator=(const UnderWay&) = delete;
+    ~UnderWay() { running_ = false; }
+
+private:
+    bool& running_;
+};
+
+/// Whether a batch has to be left; says so.
+bool refuse(Lab& lab, const BatchWindow& window) {
+    if (window.running)
+        lab.reportNotDone(kRefusal);
+    return window.running;
+}
 
 /// A batch under way, from the answer Yes on.
 class BatchRun {
@@ -146,6 +167,8 @@ void BatchRun::process(std::size_t i) {
                           std::to_string(window_.File1.List.size()) + " ...";
     takeImage(path);
     skipFailure([&] { lab_.channel1.runFOURN(1, 0); });
+    // Whatever command the user gave meanwhile, its report is to be read.
+    lab_.keepReport();
     yield();
     write([&] { host_.SavePanelImage(2, path + "_batch1.bmp"); });
     skipFailure([&] { lab_.channel1.draw3DFT(); });
@@ -199,9 +222,23 @@ void BatchRun::finish() {
     skipFailure([&] { host_.itmFile(kViewImageFolder); });
 }
 
+void askAndRun(Lab& lab, ScriptHost& host, const BatchWindow& window, const std::string& folder) {
+    FileListBox& list = window.File1;
+    list.List = lab.desktop.files.list(list.Path, list.Pattern);
+    const MessageAnswer answer = lab.desktop.dialogs.messageBox(
+        "Start creating FT images for " + std::to_string(list.List.size()) +
+            " files? \n\n(interrupt with ESC key)",
+        kTitle, MessageIcon::Question, MessageButtons::YesNo);
+    if (answer == MessageAnswer::Yes)
+        BatchRun(lab, host, window, folder).run();
+}
+
 }  // namespace
 
 void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window) {
+    if (refuse(lab, window))
+        return;
+    const UnderWay underWay(window.running);
     std::string folder;
     try {
         lab.ComFile.FileName.clear();
@@ -214,7 +251,7 @@ void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window) {
             throw RunTimeError(ErrorNumber::PathNotFound);
         window.File1.Path = folder;
         choosePattern(window.File1, lab.ComFile.FilterIndex);
-        RunBatch(lab, host, window, folder);
+        askAndRun(lab, host, window, folder);
     } catch (const std::exception& error) {
         if (!isCancelled(error))
             lab.reportNotDone(whyNotListed(folder, error));
@@ -222,14 +259,10 @@ void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window) {
 }
 
 void RunBatch(Lab& lab, ScriptHost& host, const BatchWindow& window, const std::string& folder) {
-    FileListBox& list = window.File1;
-    list.List = lab.desktop.files.list(list.Path, list.Pattern);
-    const MessageAnswer answer = lab.desktop.dialogs.messageBox(
-        "Start creating FT images for " + std::to_string(list.List.size()) +
-            " files? \n\n(interrupt with ESC key)",
-        kTitle, MessageIcon::Question, MessageButtons::YesNo);
-    if (answer == MessageAnswer::Yes)
-        BatchRun(lab, host, window, folder).run();
+    if (refuse(lab, window))
+        return;
+    const UnderWay underWay(window.running);
+    askAndRun(lab, host, window, folder);
 }
 
 }  // namespace quillon

@@ -17,11 +17,14 @@ struct BatchWindow {
     Control& fr2;
     Control& fr3;
     bool& bStopBatch;
+    /// A batch is under way: a second one would replace its list.
+    bool& running;
 };
 
 /// Asks for one image as a sample of a folder and a file type, then runs the
 /// folder. A cancelled dialog ends it without a word; for any failure before the run
-/// the strip says why.
+/// the strip says why. While a batch is under way, from its dialog on, a second one
+/// does not begin; the message cell says so.
 void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window);
 
 /// Runs every file of File1's pattern in File1's folder through channel 1, in
@@ -33,7 +36,8 @@ void BatchCommand(Lab& lab, ScriptHost& host, const BatchWindow& window);
 /// Every step that fails is skipped: an unreadable file gets the pictures of the
 /// one before it and counts as processed. Of the files that could not be read or
 /// written the strip names the last. bStopBatch ends the run after the
-/// image in progress. Throws RunTimeError where the folder cannot be listed.
+/// image in progress. Does not begin either while a batch is under way. Throws
+/// RunTimeError where the folder cannot be listed.
 void RunBatch(Lab& lab, ScriptHost& host, const BatchWindow& window, const std::string& folder);
 
 }  // namespace quillon

@@ -43,7 +43,7 @@ constexpr ControlRow kControls[] = {
     {"Line1",  1,       Line,       "pb5",      0,   17,   256,    0, "", "", kHidden, "Profile row, channel 2"},
     {"shp1",   1,       Shape,      "pb5",      0,    0,     0,    0, "", "", kHidden, "Filter ring, channel 2"},
     {"File1",  kSingle, FileList,   "pb4",    390,  450,  2295, 2760, "", "", kHidden},
-    {"pbh",    kSingle, PictureBox, "frt1",  7350, 5835,  3855, 1530, "", "", kHidden, "Histogram"},
+    {"pbh",    kSingle, PictureBox, "frt1",  7350, 5835,  3855, 1740, "", "", kHidden, "Histogram"},
     {"lbHIS",  kSingle, Label,      "pbh",   3615,    0,   180,  210, "[x]", "Close Histogram", kShown, "Close histogram"},
     {"LHIST",  kSingle, Label,      "pbh",     30,    0,   510,  210, "", "", kShown, "Grey range"},
     {"ie5",    kSingle, Browser,    "Form1",   90,  480,  2640, 3345, "", "", kHidden, "Tutorial"},

@@ -83,12 +83,16 @@ public:
 class Browser : public Control {
 public:
     using Control::Control;
-    /// Address or path of the page asked for last, with a count that rises at
+    /// Address of the page asked for last, in the web or on the disk, with a count that rises at
     /// each request, so that the same page can be asked for again.
     Property<std::string> Address{*this};
     Property<Long> Requests{*this};
+    /// The page on show: the one asked for last, or where links have led from it.
+    /// Whoever shows the pane writes the latter.
+    std::string Location;
 
     void Navigate2(const std::string& address) {
+        Location = address;
         Address = address;
         Requests = Requests.get() + 1;
     }

@@ -341,6 +341,7 @@ public:
     Integer pendingShiftPanel = 0;
     /// The batch stops after the image in progress.
     bool bStopBatch = false;
+    bool batchRunning = false;
 
 private:
     void showFirstPictures();

@@ -8,7 +8,7 @@ namespace quillon {
 namespace {
 
 BatchWindow batchWindow(Form1& form) {
-    return {form.File1, form.fr1, form.fr2, form.fr3, form.bStopBatch};
+    return {form.File1, form.fr1, form.fr2, form.fr3, form.bStopBatch, form.batchRunning};
 }
 
 }  // namespace

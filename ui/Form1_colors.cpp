@@ -97,6 +97,10 @@ void Form1::paintScheme() {
     setGrounds({this, &frt1, &fr1, &fr2, &fr3, &fr4, &fr5, &fr6}, ground);
     setGrounds({&frLUT}, strong);
     setForegrounds({&LHIST, &Label2(0), &Label1}, ground);
+    // Its ground took the bars away. They show the last request in the new colours;
+    // the panel is not counted anew.
+    if (histogram_.top > 0)
+        DrawHistogram();
 }
 
 }  // namespace quillon

@@ -44,7 +44,8 @@ void Form1::spectrumPanelMouseDown(Channel which, Integer Button, Integer /*Shif
 void Form1::spectrumPanelMouseMove(Channel which, Integer Button, Integer Shift, Single X,
                                    Single Y) {
     const clComplexImage& channel = lab.channel(which);
-    ShowStatus(0, " [FT] " + channel.sfile);
+    lab.showFileName(spectrumPanelId(which));
+    lbSTB(0).Refresh();
     // A captured drag can leave the panel; there is no value left of it or above.
     if (X >= 0 && Y >= 0)
         ShowPointer(toInteger(X), toInteger(Y), channel.getVXY(X, Y));

@@ -9,6 +9,7 @@
 #include "ui/credits.h"
 #include "ui/frmAbout.h"
 #include "ui/setting_names.h"
+#include "ui/tutorial_pages.h"
 
 namespace quillon {
 
@@ -28,10 +29,13 @@ Integer otherOfPair(Integer index) {
     return static_cast<Integer>(std::abs(index - 1));
 }
 
+Language languageOf(const Lab& lab) {
+    return lab.frenchTutorial ? Language::French : Language::English;
+}
+
 /// The start page of the tutorial in its language.
 std::string startPage(const Lab& lab) {
-    return lab.desktop.environment.programFolder() +
-           (lab.frenchTutorial ? "\\doc\\fr\\sommaire.htm" : "\\doc\\en\\summary.htm");
+    return startPage(lab.desktop.environment.programFolder(), languageOf(lab));
 }
 
 }  // namespace
@@ -42,7 +46,8 @@ void Form1::itmOpt1(Integer Index) {
     SaveRegistryString(desktop.store, kSettingsKey, kLanguageSetting, plainText(Index));
     lab.frenchTutorial = Index == kFrench;
     // At once, whichever view is shown.
-    ie5.Navigate2(startPage(lab));
+    const std::string page = sameInLanguage(desktop.files, ie5.Location, languageOf(lab));
+    ie5.Navigate2(page.empty() ? startPage(lab) : page);
 }
 
 void Form1::tabClick(Integer Index) {
@@ -63,7 +68,9 @@ void Form1::tabClick(Integer Index) {
     lbTAB(Index).FontSize = 9;
     lbTAB(otherOfPair(Index)).FontBold = false;
     lbTAB(otherOfPair(Index)).FontSize = 8;
-    for (const char* title : {"mnuImg1", "mnuFT1", "mnuNew1", "mnuImg2", "mnuFT2", "mnuNew2"})
+    // The markers go with the menus that they part.
+    for (const char* title : {"mnuImg1", "mnuFT1", "mnuNew1", "mnuImg2", "mnuFT2", "mnuNew2",
+                              "mnuDUM1", "mnuDUM2", "mnuDUM3"})
         menuTitle(title).Visible = inLab;
     btLUT.Visible = inLab;
     if (inTutorial)
@@ -81,8 +88,9 @@ void Form1::RunTutorialScript(const std::string& path) {
 }
 
 void Form1::ShowHelp(Integer /*id*/) {
-    reportUnopened(lab, desktop.shell.execute("hh.exe", helpFile, "0"), "the help is not here",
-                   "no program shows the help");
+    reportUnopened(lab,
+                   desktop.shell.execute("hh.exe", helpPage(helpFile, languageOf(lab)), "0"),
+                   "the help is not here", "no program shows the help");
 }
 
 void Form1::itm10(Integer Index) {
@@ -146,7 +154,7 @@ void Form1::followLink(Integer Index) {
         case 4:
         case 5:
         case 6:
-            ie5.Navigate2(lab.folders.LibPath + "Ondine" + plainText(Index - 3) + ".html");
+            ie5.Navigate2(interactivePage(lab.folders.LibPath, Index - 3, languageOf(lab)));
             break;
         case kPaperLink:
             reportUnopened(

@@ -60,7 +60,7 @@ void Form1::imagePanelMouseDown(Channel which, Integer Button, Integer /*Shift*/
 void Form1::imagePanelMouseMove(Channel which, Integer Button, Integer /*Shift*/, Single X,
                                 Single Y) {
     PictureBox& pb = lab.imagePanel(which);
-    lab.lbSTB[0]->Caption = lab.channel(which).sfile + " ";
+    lab.showFileName(imagePanelId(which));
     showGrey(pb, X, Y);
     if (Button != kLeftButton)
         return;

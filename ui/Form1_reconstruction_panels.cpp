@@ -15,7 +15,7 @@ void Form1::reconstructionPanelMouseDown(Channel which, Integer Button, Integer 
 
 void Form1::reconstructionPanelMouseMove(Channel which, Integer Button, Integer /*Shift*/, Single X,
                                          Single Y) {
-    lab.lbSTB[0]->Caption = lab.channel(which).sfile + " [iFT] ";
+    lab.showFileName(reconstructionPanelId(which));
     showGrey(lab.reconstructionPanel(which), X, Y);
     if (Button == kLeftButton)
         rollTo(reconstructionPanelId(which), X, Y);

@@ -123,18 +123,15 @@ WebPane::WebPane(QWidget& parent) : view_(new QWebEngineView(&parent)) {
     view_->setPage(page);
     page->setParent(view_);
     followLoads(*page);
-    QObject::connect(page, &QWebEnginePage::renderProcessTerminated, view_,
-                     [this](QWebEnginePage::RenderProcessTerminationStatus status) {
-                         if (status != QWebEnginePage::NormalTerminationStatus && onBroken)
-                             onBroken();
-                     });
+    followBreakdowns(*page);
     giveKeysAndMenu();
 }
 
 void WebPane::followLoads(QWebEnginePage& page) {
     QObject::connect(&page, &QWebEnginePage::urlChanged, view_, [this](const QUrl& url) {
-        if (url.isLocalFile())
-            localPage_ = url;
+        take(url);
+        if (onPage)
+            onPage(url);
     });
     QObject::connect(&page, &QWebEnginePage::loadFinished, view_, [this] {
         if (std::exchange(firstLoad_, FirstLoad::Over) == FirstLoad::UnderWay && next_.isValid())
@@ -142,9 +139,30 @@ void WebPane::followLoads(QWebEnginePage& page) {
     });
 }
 
-void WebPane::navigate(const QUrl& page) {
+void WebPane::followBreakdowns(QWebEnginePage& page) {
+    QObject::connect(&page, &QWebEnginePage::renderProcessTerminated, view_,
+                     [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+                         if (status == QWebEnginePage::NormalTerminationStatus)
+                             return;
+                         // The load under way ends with the process, and a page that
+                         // waits for its end would wait for ever.
+                         if (firstLoad_ == FirstLoad::UnderWay && next_.isValid())
+                             take(next_);
+                         firstLoad_ = FirstLoad::Over;
+                         if (onBroken)
+                             onBroken();
+                     });
+}
+
+void WebPane::take(const QUrl& page) {
     if (page.isLocalFile())
         localPage_ = page;
+    if (page.isLocalFile() || isWebAddress(page))
+        page_ = page;
+}
+
+void WebPane::navigate(const QUrl& page) {
+    take(page);
     // The page that the pane has kept since the start is its first one, even where
     // a link opens the pane: it is not given up half loaded, so that "back" leads
     // to it.

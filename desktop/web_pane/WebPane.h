@@ -68,17 +68,21 @@ public:
 
     QWidget& widget() override { return *view_; }
     void navigate(const QUrl& page) override;
+    QUrl page() const override { return page_; }
     QUrl localPage() const override { return localPage_; }
 
 private:
     void restrict();
     void withholdChannels();
     void followLoads(QWebEnginePage& page);
+    void followBreakdowns(QWebEnginePage& page);
+    void take(const QUrl& page);
     void giveKeysAndMenu();
 
     RequestGuard guard_;
     QWebEngineProfile profile_;
     QPointer<QWebEngineView> view_;
+    QUrl page_;
     QUrl localPage_;
     enum class FirstLoad { NotBegun, UnderWay, Over };
     FirstLoad firstLoad_ = FirstLoad::NotBegun;

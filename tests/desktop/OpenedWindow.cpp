@@ -39,7 +39,10 @@ void OpenedWindow::open() {
     const bool real = &desktop.dialogs == &services.dialogs;
     services.dialogs.setOwner(nullptr);
     lab = std::make_unique<LabWindow>(desktop, services.screen, real ? &services.dialogs : nullptr,
-                                      browser);
+                                      BrowserSource{browser, [this] {
+                                                        ++paneTimeAsked;
+                                                        return paneTime;
+                                                    }});
     if (keepsSessions)
         lab->keepSessions();
     Main(desktop, *lab);

@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QUrl>
 #include <QWidget>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
@@ -80,6 +81,10 @@ protected:
     BrowserPaneMaker browser = makeTextBrowserPane;
     /// Whether the next opening keeps its session and takes up one that was not closed.
     bool keepsSessions = false;
+    /// The time by which that pane is restarted; it stands still unless a test moves it.
+    std::chrono::steady_clock::time_point paneTime;
+    /// How often it was asked for: once for each breakdown.
+    int paneTimeAsked = 0;
     std::unique_ptr<LabWindow> lab;
 };
 

@@ -249,10 +249,10 @@ TEST_F(BatchInTheWindow, LetsTheUsersOtherCommandsThroughWhileItRuns) {
         chosen = true;
         choose("mnuOpt", "itmOpt(14)");
         EXPECT_TRUE(form().lab.channel1.bBatch) << "the run is still under way";
-        // A second batch asks too; cancelled, it leaves the first alone.
-        answers.next<QFileDialog>([](QFileDialog& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        // A second batch does not begin and asks for nothing.
         nextCount(6);
         choose("mnuFile", "itmFile(3)");
+        EXPECT_EQ(form().lbSTB(2).Caption.get(), "not begun: one batch at a time");
     });
     EXPECT_TRUE(chosen);
     expectWindowAsBefore();

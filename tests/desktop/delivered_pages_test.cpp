@@ -78,6 +78,39 @@ TEST_F(DeliveredPages, TheEntriesOfTheInteractivePagesLeadToThemFromTheLab) {
     }
 }
 
+TEST_F(DeliveredPages, AnInteractivePageSpeaksTheLanguageOfItsAddressAndChangesIt) {
+    const auto speaks = [&](const char* language) {
+        return wait([&] {
+            return ask(QStringLiteral("document.documentElement.lang + location.hash"))
+                       .toString() == QStringLiteral("%1#%1").arg(QString::fromLatin1(language));
+        });
+    };
+    for (const Integer entry : {Integer{4}, Integer{5}, Integer{6}}) {
+        SCOPED_TRACE(entry);
+        const QString page =
+            programFolder().filePath(QStringLiteral("Lib/Ondine%1.html").arg(entry - 3));
+        form().click(MenuArray::itmOpt1, 1);
+        form().click(MenuArray::itm10a, entry);
+        ASSERT_TRUE(waitForFile(page));
+        ASSERT_TRUE(speaks("fr"));
+        // What the student has done stays there.
+        ask(QStringLiteral("document.title = 'Used'"));
+        form().click(MenuArray::itmOpt1, 0);
+        ASSERT_TRUE(speaks("en"));
+        EXPECT_EQ(toBytes(ask(QStringLiteral("document.title")).toString()), "Used");
+        // The page's own button counts as well.
+        ask(QStringLiteral("document.getElementById('fr').click(), true"));
+        ASSERT_TRUE(speaks("fr"));
+        form().click(MenuArray::itmOpt1, 0);
+        ASSERT_TRUE(speaks("en"));
+        EXPECT_EQ(toBytes(ask(QStringLiteral("document.title")).toString()), "Used");
+        form().click(MenuArray::itmOpt1, 0);
+        ASSERT_TRUE(speaks("en"));
+        key(Qt::Key_Left, Qt::AltModifier);
+        EXPECT_TRUE(waitForFile(page)) << "back is the page in its former language";
+    }
+}
+
 /// Lessons of a language.
 class LessonLinks : public DeliveredPages, public ::testing::WithParamInterface<const char*> {
 protected:

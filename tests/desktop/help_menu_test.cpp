@@ -23,6 +23,7 @@ public:
     ~RecordingPane() override { delete widget_; }
     QWidget& widget() override { return *widget_; }
     void navigate(const QUrl& page) override { pages_ << page; }
+    QUrl page() const override { return pages_.isEmpty() ? QUrl() : pages_.back(); }
     QUrl localPage() const override { return {}; }
 
 private:
@@ -63,7 +64,7 @@ TEST_F(HelpMenu, ContentsAndUpdateAskTheDesktopAlone) {
     choose("mnu10", "itm10(0)");
     ASSERT_EQ(recording.shell.calls.size(), 1U);
     EXPECT_EQ(recording.shell.calls[0].program, "hh.exe");
-    EXPECT_EQ(recording.shell.calls[0].parameters, form().helpFile);
+    EXPECT_EQ(recording.shell.calls[0].parameters, form().helpFile + "::/en/index.html");
     choose("mnu10", "itm10(1)");
     EXPECT_EQ(recording.shell.addresses.back(), kProductPage);
     EXPECT_EQ(pages, QList<QUrl>());
@@ -73,7 +74,9 @@ TEST_F(HelpMenu, ContentsAndUpdateAskTheDesktopAlone) {
 TEST_F(HelpMenu, EveryLinkShowsItsPageInThePane) {
     const std::string library = form().lab.folders.LibPath;
     const auto applet = [&](const char* name) {
-        return QUrl::fromLocalFile(toNativePath(library + name));
+        QUrl page = QUrl::fromLocalFile(toNativePath(library + name));
+        page.setFragment(QStringLiteral("en"));
+        return page;
     };
     const std::pair<int, QUrl> links[] = {
         {0, web(kMakerPage)},        {1, web(kImageAuthorPage)},  {2, web(kTutorialAuthorPage)},
@@ -124,12 +127,21 @@ TEST_F(HelpMenu, ThePaneIsFirstSentToThePageThatItKept) {
 }
 
 TEST_F(HelpMenu, TheHelpThatTheShellOpensIsDelivered) {
-    const UrlCatcher catcher;
-    QtShell().execute("hh.exe", form().helpFile, "0");
-    ASSERT_EQ(catcher.opened.size(), 1);
-    const QFileInfo page(catcher.opened[0].toLocalFile());
-    EXPECT_EQ(page.fileName(), QStringLiteral("index.html"));
-    EXPECT_TRUE(page.isFile()) << page.filePath().toStdString();
+    for (const Integer language : {Integer{0}, Integer{1}}) {
+        const UrlCatcher catcher;
+        form().click(MenuArray::itmOpt1, language);
+        recording.shell.calls.clear();
+        choose("mnu10", "itm10(0)");
+        ASSERT_EQ(recording.shell.calls.size(), 1U);
+        QtShell().execute(recording.shell.calls[0].program, recording.shell.calls[0].parameters,
+                          recording.shell.calls[0].directory);
+        ASSERT_EQ(catcher.opened.size(), 1);
+        const QString page = catcher.opened[0].toLocalFile();
+        EXPECT_TRUE(page.endsWith(language == 0 ? QStringLiteral("/doc/help/en/index.html")
+                                                : QStringLiteral("/doc/help/fr/index.html")))
+            << page.toStdString();
+        EXPECT_TRUE(QFileInfo(page).isFile()) << page.toStdString();
+    }
 }
 
 TEST_F(HelpMenu, AMissingHelpIsSaidToBeMissing) {

@@ -98,18 +98,32 @@ TEST_F(HistogramInTheWindow, OpensFromTheMenuBarToo) {
     expectBarsOf("pb6");
 }
 
-TEST_F(HistogramInTheWindow, TheGreyRangeStandsOutFromABarBehindIt) {
-    // A bar of full height at level 10, behind the first letters.
-    form().pb1.setPicture(Bitmap(256, 256, 0x0A0A0A));
+TEST_F(HistogramInTheWindow, NoBarReachesTheGreyRangeOrTheClosingMark) {
+    // Bars of full height at both ends, below the first letter and below the mark.
+    Bitmap picture(256, 256, 0x0A0A0A);
+    std::fill_n(picture.words.begin(), picture.words.size() / 2, PixelWord{0xF8F8F8});
+    form().pb1.setPicture(picture);
     chooseOn("pb1", "mnuImg1a(10)");
     const Bitmap shown = onScreen("pbh");
-    const QRect range = widget("LHIST").geometry();
     const PixelWord ink = toPixelWord(form().lab.guiColors[0]);
-    int rim = 0;
-    for (int y = range.top(); y <= range.bottom(); ++y)
-        rim += shown.at(10, y) != ink ? 1 : 0;
-    EXPECT_GT(rim, 3) << "the letter's rim cuts into the bar";
-    EXPECT_EQ(form().pbh.shown().at(10, range.center().y()), ink);
+    for (const auto& [label, level] : {std::pair("LHIST", 10), std::pair("lbHIS", 248)}) {
+        const QRect text = widget(label).geometry();
+        ASSERT_TRUE(text.left() <= level && level <= text.right()) << label;
+        const QRect letters = widget(label).fontMetrics().tightBoundingRect(QStringLiteral("g0[]"));
+        EXPECT_LE(letters.height(), text.height()) << label;
+        // A row of the ground parts the text from the bar.
+        EXPECT_NE(shown.at(level, text.bottom() + 1), ink) << label;
+        EXPECT_EQ(shown.at(level, shown.height - 100), ink);
+    }
+}
+
+TEST_F(HistogramInTheWindow, KeepsItsBarsWhenTheSchemeIsChanged) {
+    chooseOn("pb1", "mnuImg1a(10)");
+    for (const Integer scheme : {Integer{0}, Integer{3}, Integer{4}}) {
+        form().click(MenuArray::itmOpt0, scheme);
+        settle();
+        expectBarsOf("pb1");
+    }
 }
 
 TEST_F(HistogramInTheWindow, FollowsADragAndStaysWithinThePanels) {
@@ -162,8 +176,8 @@ TEST_F(HistogramInTheWindow, IsDraggedByTheLeftButtonAlone) {
 TEST_F(HistogramInTheWindow, TellsLevelAndPercentAtThePointerInItsToolTip) {
     chooseOn("pb1", "mnuImg1a(10)");
     for (const auto& [level, row, text] :
-         {std::tuple(200, 2, "200 , 100%"), std::tuple(0, 101, "0 , 1%"),
-          std::tuple(255, 52, "255 , 50%")}) {
+         {std::tuple(200, 16, "200 , 100%"), std::tuple(0, 115, "0 , 1%"),
+          std::tuple(255, 66, "255 , 50%")}) {
         const QPoint point = at(level, row);
         move(box(), point);
         settle();

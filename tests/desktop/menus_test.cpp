@@ -24,6 +24,20 @@ TEST_F(Menus, TheBarHoldsItsTitlesInOrderWithThreeDisabledBarsBetween) {
                                                 "&Scripts &Options &Help"));
 }
 
+TEST_F(Menus, InTheTutorialNoBarPartsNothing) {
+    const auto seen = [&] {
+        QStringList titles;
+        for (const QAction* action : bar().actions())
+            if (action->isVisible())
+                titles << action->text();
+        return toBytes(titles.join(u' '));
+    };
+    click(widget("lbTAB(1)"));
+    EXPECT_EQ(seen(), "File &Scripts &Options &Help");
+    click(widget("lbTAB(0)"));
+    EXPECT_EQ(seen(), "File | Image FT iFT | Image FT iFT | &Scripts &Options &Help");
+}
+
 TEST_F(Menus, EveryEntryOfTheTablesIsThereUnderItsName) {
     for (int i = 0; i < kMenuArrayCount; ++i) {
         const auto array = static_cast<MenuArray>(i);

@@ -174,31 +174,6 @@ TEST_F(PaneChoice, WorkersObjectsAndStylesOfAPageOfTheDiskFetchNothingFromElsewh
     EXPECT_EQ(server.requests, QList<QByteArray>());
 }
 
-TEST_F(PaneChoice, ABrokenBrowserLeavesTheReaderOnThePageThatWasOnShow) {
-    writePage("second.htm", "Second");
-    writePage("first.htm", "First", "second.htm");
-    show("first.htm", "First");
-    clickLink();
-    ASSERT_TRUE(waitForPage("Second"));
-    pane().setProperty("url", QUrl(QStringLiteral("chrome://crash")));
-    ASSERT_TRUE(wait([&] { return pane().inherits("QTextBrowser"); }));
-    kind_ = PaneKind::Reader;
-    EXPECT_EQ(titleShown(), QStringLiteral("Second"));
-}
-
-TEST_F(PaneChoice, ABrowserThatBreaksOnThePagesOfTheWebOpensNothingOutside) {
-    const UrlCatcher catcher;
-    writePage("first.htm", "First");
-    show("first.htm", "First");
-    form().ie5.Navigate2(server.address().toStdString());
-    ASSERT_TRUE(wait([&] { return titleShown() == QStringLiteral("Outside"); }));
-    pane().setProperty("url", QUrl(QStringLiteral("chrome://crash")));
-    ASSERT_TRUE(wait([&] { return pane().inherits("QTextBrowser"); }));
-    kind_ = PaneKind::Reader;
-    EXPECT_EQ(titleShown(), QStringLiteral("First"));
-    EXPECT_EQ(catcher.opened, QList<QUrl>());
-}
-
 TEST_F(PaneChoice, WithoutTheEnginesFilesThePlainReaderTakesItsPlace) {
     const EnvironmentVariable lost("QTWEBENGINE_RESOURCES_PATH", pathOf("no such folder"));
     QWidget parent;

@@ -53,6 +53,14 @@ TEST_F(ShellService, TheHelpIsThePageBesideTheCompiledHelp) {
     expectOpened("doc/help/index.html");
 }
 
+TEST_F(ShellService, APageOfTheHelpIsTheOneOfThatNameBesideIt) {
+    ASSERT_TRUE(QDir(folder.path()).mkpath(QStringLiteral("doc/help/fr")));
+    make("doc/help/fr/index.html");
+    EXPECT_EQ(shell.execute("hh.exe", labPathOf("Quillon.chm") + "::/fr/index.html", "0"),
+              Opening::Asked);
+    expectOpened("doc/help/fr/index.html");
+}
+
 TEST_F(ShellService, AFileInTheProgramsPlaceIsOpened) {
     make("paper.pdf");
     EXPECT_EQ(shell.execute(labPathOf("paper.pdf"), "", labPathOf("")), Opening::Asked);

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QDir>
 #include <QTextBrowser>
 
 #include "tests/desktop/PaneWindow.h"
@@ -117,6 +118,29 @@ TEST_P(TutorialPane, TheContentsTabLeadsToTheStartPageOfTheLanguage) {
     form().itmOpt1(1);
     navigate("first.htm");
     click(widget("lbTAB(2)"));
+    EXPECT_TRUE(
+        wait([&] { return pageShown().path().endsWith(QStringLiteral("/doc/fr/sommaire.htm")); }));
+}
+
+TEST_P(TutorialPane, ALanguageLeadsToTheSamePageThatALinkHasLedToAndBackToTheFormerOne) {
+    ASSERT_TRUE(QDir(home.path()).mkpath(QStringLiteral("en")));
+    ASSERT_TRUE(QDir(home.path()).mkpath(QStringLiteral("fr")));
+    writePage("en/first.htm", "First", "second.htm");
+    writePage("en/second.htm", "Second");
+    writePage("fr/second.htm", "Deuxieme", "third.htm");
+    writePage("fr/third.htm", "Troisieme");
+    showTutorial();
+    navigate("en/first.htm");
+    ASSERT_TRUE(waitForPage("First"));
+    followToSecond();
+    form().click(MenuArray::itmOpt1, 1);
+    ASSERT_TRUE(waitForPage("Deuxieme"));
+    key(Qt::Key_Left, Qt::AltModifier);
+    ASSERT_TRUE(waitForPage("Second"));
+    key(Qt::Key_Left, Qt::AltModifier);
+    ASSERT_TRUE(waitForPage("First"));
+    // Back and forward count as the page on show, too: this one is in English alone.
+    form().click(MenuArray::itmOpt1, 1);
     EXPECT_TRUE(
         wait([&] { return pageShown().path().endsWith(QStringLiteral("/doc/fr/sommaire.htm")); }));
 }

@@ -138,17 +138,6 @@ TEST_F(WebPane, WithoutTheEnginesProgramThePlainReaderTakesItsPlace) {
     EXPECT_TRUE(makeBrowserPane(parent)->widget().inherits("QTextBrowser"));
 }
 
-TEST_F(WebPane, ABrokenBrowserMakesRoomForThePlainReaderOnTheSamePage) {
-    writePage("first.htm", "First");
-    show("first.htm", "First");
-    pane().setProperty("url", QUrl(QStringLiteral("chrome://crash")));
-    ASSERT_TRUE(wait([&] { return pane().inherits("QTextBrowser"); }));
-    kind_ = PaneKind::Reader;
-    EXPECT_EQ(titleShown(), QStringLiteral("First"));
-    EXPECT_TRUE(pane().isVisible());
-    EXPECT_EQ(pane().geometry(), placeOf(form().ie5));
-}
-
 /// Tries every way a page has to fetch something, then says so in its title.
 QByteArray curiousPage(const PageServer& server) {
     const QByteArray there = server.address().toLatin1();

@@ -77,7 +77,8 @@ protected:
     Control fr2{"fr2"};
     Control fr3{"fr3"};
     bool bStopBatch = false;
-    BatchWindow window{File1, fr1, fr2, fr3, bStopBatch};
+    bool running = false;
+    BatchWindow window{File1, fr1, fr2, fr3, bStopBatch, running};
 };
 
 TEST_F(Batch, AsksFirstAndAnythingButYesEndsIt) {
@@ -385,6 +386,24 @@ TEST_F(Batch, CommandAsksForASampleOfAFolderAndAType) {
         EXPECT_EQ(File1.Path, kFolder);
         EXPECT_EQ(File1.Pattern, patterns[index]) << index;
     }
+}
+
+TEST_F(Batch, DoesNotBeginWhileOneIsUnderWay) {
+    addPicture("a.bmp", 50);
+    running = true;
+    RunBatch(bench.lab, host, window, kFolder);
+    BatchCommand(bench.lab, host, window);
+    EXPECT_TRUE(bench.desktop.dialogs.messages.empty());
+    EXPECT_TRUE(bench.desktop.dialogs.opens.empty());
+    EXPECT_EQ(bench.lab.notDone.report, "not begun: one batch at a time");
+    EXPECT_TRUE(running) << "the first one goes on";
+}
+
+TEST_F(Batch, ThatCannotListItsFolderIsNotUnderWay) {
+    File1.Path = "C:\\no folder\\";
+    EXPECT_NE(errorOf([&] { RunBatch(bench.lab, host, window, "C:\\no folder\\"); }),
+              ErrorNumber{});
+    EXPECT_FALSE(running);
 }
 
 TEST_F(Batch, CommandLetsEventsRunBetweenItsDialogAndItsQuestion) {

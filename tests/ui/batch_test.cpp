@@ -52,6 +52,52 @@ TEST_F(WindowBatch, MakesTheMontageOfItsPanelsAndLeavesTheReconstruction) {
     EXPECT_EQ(form.pb1.Image(), squaresPicture()) << "the last image outlives a cleared panel";
 }
 
+TEST_F(WindowBatch, RefusesASecondOneWithAWordThatStaysDuringTheRun) {
+    desktop.pictures.add("C:\\Q\\z.bmp", discPicture());
+    std::vector<std::string> words;
+    bool asked = false;
+    desktop.screen.onYield = [&] {
+        if (form.fr1.Caption.get() != "Batch Processing ...")
+            return;
+        if (asked) {
+            words.push_back(status(2));
+            return;
+        }
+        asked = true;
+        desktop.dialogs.answerOpen("C:\\Q\\z.bmp", 4);
+        desktop.dialogs.messageAnswers.push_back(MessageAnswer::Yes);
+        form.click(MenuArray::itmFile, 3);
+        EXPECT_EQ(status(2), "not begun: one batch at a time");
+        form.RunBatch("C:\\Q\\");
+        desktop.dialogs.messageAnswers.clear();
+    };
+    form.itmFile(3);
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(told(), "3 images processed.");
+    EXPECT_EQ(desktop.dialogs.opens.size(), 1U) << "the second one asks for nothing";
+    EXPECT_EQ(desktop.dialogs.messages.size(), 2U) << "the question and the count of the first";
+    EXPECT_EQ(form.File1.Path, "C:\\P\\");
+    ASSERT_EQ(desktop.pictures.saved.size(), 9U);
+    for (const auto& [path, picture] : desktop.pictures.saved)
+        EXPECT_TRUE(path.starts_with("C:\\P\\")) << path;
+    EXPECT_EQ(words, std::vector<std::string>(8, "not begun: one batch at a time"));
+}
+
+TEST_F(WindowBatch, CanBeginAgainWhenOneHasEndedHoweverItEnded) {
+    form.itmFile(3);
+    desktop.dialogs.cancelOpen();
+    form.itmFile(3);
+    desktop.dialogs.answerOpen("C:\\P\\a.bmp", 4);
+    desktop.dialogs.messageAnswers.push_back(MessageAnswer::No);
+    form.itmFile(3);
+    desktop.dialogs.answerOpen("C:\\P\\a.bmp", 4);
+    desktop.dialogs.messageAnswers.push_back(MessageAnswer::Yes);
+    form.itmFile(3);
+    // The outputs of the first run are bitmaps too.
+    EXPECT_EQ(told(), "12 images processed.");
+    EXPECT_NE(status(2), "not begun: one batch at a time");
+}
+
 TEST_F(WindowBatch, EndsWithItsImageWhenTheWindowIsClosed) {
     desktop.screen.onYield = [&] {
         if (form.fr2.Caption.get() == "Image 2 of 3 ...")

@@ -24,7 +24,7 @@ lbSTB(0)  stb       0     0   4350   300
 lbSTB(1)  stb    4335     0   2295   300
 lbSTB(2)  stb    6615     0   5940   300
 frt1      Form1   795   630  12345  8535
-pbh       frt1   7350  5835   3855  1530
+pbh       frt1   7350  5835   3855  1740
 lbHIS     pbh    3615     0    180   210
 LHIST     pbh      30     0    510   210
 fr1       frt1      0     0   4095  4230

@@ -21,8 +21,18 @@ protected:
 TEST_F(Help, TheContentsOpenTheHelpBesideTheProgramInItsViewer) {
     form.click(itm10, 0);
     EXPECT_EQ(desktop.shell.calls,
-              (std::vector<Call>{{"hh.exe", "C:\\Quillon\\Quillon.chm", "0"}}));
+              (std::vector<Call>{{"hh.exe", "C:\\Quillon\\Quillon.chm::/en/index.html", "0"}}));
     EXPECT_EQ(form.lab.viewTab, 0) << "the viewer is another program";
+}
+
+TEST_F(Help, TheContentsOpenInTheLanguageInForce) {
+    form.click(itmOpt1, 1);
+    form.click(itm10, 0);
+    form.click(itmOpt1, 0);
+    form.click(itm10, 0);
+    EXPECT_EQ(desktop.shell.calls,
+              (std::vector<Call>{{"hh.exe", "C:\\Quillon\\Quillon.chm::/fr/index.html", "0"},
+                                 {"hh.exe", "C:\\Quillon\\Quillon.chm::/en/index.html", "0"}}));
 }
 
 TEST_F(Help, ShowHelpLooksAtNoArgumentAndAtTheFileAsItIsNow) {
@@ -30,7 +40,7 @@ TEST_F(Help, ShowHelpLooksAtNoArgumentAndAtTheFileAsItIsNow) {
     for (const Integer id : {Integer{-1}, Integer{0}, Integer{77}})
         form.ShowHelp(id);
     EXPECT_EQ(desktop.shell.calls,
-              (std::vector<Call>(3, Call{"hh.exe", "D:\\Other\\Help.chm", "0"})));
+              (std::vector<Call>(3, Call{"hh.exe", "D:\\Other\\Help.chm::/en/index.html", "0"})));
 }
 
 TEST_F(Help, ACheckForAnUpdateOpensTheProductsPageInTheUsersBrowserAndFetchesNothing) {
@@ -77,6 +87,7 @@ TEST_F(Help, ALanguageIsCheckedThenStoredThenShown) {
     EXPECT_EQ(stepsOf(desktop.log),
               (std::vector<std::string>{"stale itmOpt1(0)", "stale itmOpt1(1)",
                                         "store.write(Software\\Brindlewood\\Quillon, FR, 1)",
+                                        "files.length(C:\\Quillon\\doc\\fr\\sommaire.htm)",
                                         "environment.programFolder()", "stale ie5"}))
         << "the other entry loses its mark first";
 }
@@ -91,9 +102,9 @@ const Link kLinks[] = {
     {0, "https://www.brindlewood.example/"},
     {1, "https://www.brindlewood.example/people/images"},
     {2, "https://www.brindlewood.example/people/tutorial"},
-    {4, "C:\\Quillon\\Lib\\Ondine1.html"},
-    {5, "C:\\Quillon\\Lib\\Ondine2.html"},
-    {6, "C:\\Quillon\\Lib\\Ondine3.html"},
+    {4, "C:\\Quillon\\Lib\\Ondine1.html#en"},
+    {5, "C:\\Quillon\\Lib\\Ondine2.html#en"},
+    {6, "C:\\Quillon\\Lib\\Ondine3.html#en"},
     {9, "https://doi.wren-journal.example/10.5555/wren.2007.halvard.c"},
 };
 
@@ -112,6 +123,14 @@ TEST_F(Help, ALinkChosenInTheLabLeavesItAndShowsItsPage) {
         }
     EXPECT_TRUE(desktop.shell.calls.empty());
     EXPECT_TRUE(desktop.shell.addresses.empty());
+}
+
+TEST_F(Help, TheInteractivePagesOpenInTheLanguageInForce) {
+    form.click(itmOpt1, 1);
+    for (const Integer index : {Integer{4}, Integer{5}, Integer{6}}) {
+        link(index);
+        EXPECT_EQ(page(), "C:\\Quillon\\Lib\\Ondine" + std::to_string(index - 3) + ".html#fr");
+    }
 }
 
 TEST_F(Help, ALinkChosenInTheTutorialOnlyChangesThePage) {

@@ -10,6 +10,9 @@
 namespace quillon {
 namespace {
 
+/// Of the box's surface, in pixels.
+constexpr int kBoxHeight = 116;
+
 class HistogramBox : public CommandFixture {
 protected:
     HistogramBox() { desktop.log.clear(); }
@@ -42,9 +45,9 @@ protected:
         const PixelWord ground = toPixelWord(form.lab.guiColors[1]);
         for (std::size_t i = 0; i < 256; ++i) {
             ASSERT_EQ(form.histogram().hist[i], slow.percent(i)) << panel.Name << " " << i;
-            for (int y = 0; y < 102; ++y)
+            for (int y = 0; y < kBoxHeight; ++y)
                 ASSERT_EQ(form.pbh.shown().at(static_cast<int>(i), y),
-                          y >= 102 - slow.percent(i) ? bar : ground)
+                          y >= kBoxHeight - slow.percent(i) ? bar : ground)
                     << panel.Name << " " << i << ", " << y;
         }
     }
@@ -155,12 +158,48 @@ TEST_F(HistogramBox, DrawsInTheColoursOfTheScheme) {
     }
 }
 
+TEST_F(HistogramBox, KeepsItsBarsInTheColoursOfANewScheme) {
+    form.getHistogram(form.pb4);
+    for (const Integer scheme : {Integer{0}, Integer{1}, Integer{3}, Integer{4}}) {
+        form.itmOpt0(scheme);
+        expectShown(form.pb4);
+    }
+    // What the panel shows now is not counted anew.
+    const Bitmap before = form.pbh.shown();
+    form.pb4.setPicture(Bitmap(256, 256, 0x101010));
+    form.itmOpt0(4);
+    EXPECT_TRUE(form.pbh.shown() == before);
+}
+
+TEST_F(HistogramBox, ThatIsClosedHasItsColoursWhenItOpensAgainAndStaysClosed) {
+    form.getHistogram(form.pb4);
+    form.pbh.Visible = false;
+    form.itmOpt0(1);
+    EXPECT_FALSE(form.pbh.Visible);
+    expectShown(form.pb4);
+}
+
+TEST_F(HistogramBox, ThatWasNeverAskedForIsEmptyInEveryScheme) {
+    form.itmOpt0(1);
+    EXPECT_EQ(form.pbh.shown(), Bitmap(257, kBoxHeight, toPixelWord(form.lab.guiColors[1])));
+}
+
+TEST_F(HistogramBox, ABarOfFullHeightEndsBelowTheText) {
+    form.pb3.setPicture(Bitmap(256, 256, 0x0A0A0A));
+    form.getHistogram(form.pb3);
+    const PixelWord ground = toPixelWord(form.lab.guiColors[1]);
+    const auto textEnd = static_cast<int>((form.LHIST.Top + form.LHIST.Height) / kTwipsPerPixel);
+    for (int y = 0; y < textEnd; ++y)
+        EXPECT_EQ(form.pbh.shown().at(10, y), ground) << y;
+    EXPECT_GE(form.LHIST.Top + form.LHIST.Height, form.lbHIS.Top + form.lbHIS.Height);
+}
+
 TEST_F(HistogramBox, ReadsLevelAndPercentUnderThePointer) {
-    form.MouseMove(form.pbh, 0, 0, 77, 2);
+    form.MouseMove(form.pbh, 0, 0, 77, 16);
     EXPECT_EQ(form.pbh.ToolTipText.get(), "77 , 100%");
-    form.MouseMove(form.pbh, 0, 0, 0, 102);
+    form.MouseMove(form.pbh, 0, 0, 0, 116);
     EXPECT_EQ(form.pbh.ToolTipText.get(), "0 , 0%");
-    form.MouseMove(form.pbh, 0, 0, 12.5F, 51.25F);
+    form.MouseMove(form.pbh, 0, 0, 12.5F, 65.25F);
     EXPECT_EQ(form.pbh.ToolTipText.get(), "12.5 , 50.75%");
 }
 

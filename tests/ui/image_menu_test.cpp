@@ -126,7 +126,7 @@ TEST_F(ImageMenu, TheHistogramBoxMovesOntoTheFrameThatWasAsked) {
         EXPECT_EQ(form.pbh.Left, form.frame(asked.panel).Left + 120) << asked.panel;
         EXPECT_EQ(form.pbh.Top, form.frame(asked.panel).Top + 240) << asked.panel;
         EXPECT_EQ(form.pbh.Width, 3855);
-        EXPECT_EQ(form.pbh.Height, 1530);
+        EXPECT_EQ(form.pbh.Height, 1740);
     }
 }
 

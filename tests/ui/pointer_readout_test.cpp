@@ -111,6 +111,67 @@ TEST_F(PointerReadout, AltAloneOverAnFtPanelPlotsTheProfileAfterTheReadOut) {
     }
 }
 
+/// The file cell when a picture is loaded while the pointer rests.
+class FileCell : public PointerReadout {
+protected:
+    FileCell() {
+        for (const char* name : {"C:\\new.bmp", "C:\\other.bmp"})
+            desktop.pictures.add(name, discPicture());
+        desktop.pictures.addUndecodable("C:\\broken.bmp");
+    }
+    /// The cell when the pointer has come onto a panel, and a file was loaded then.
+    std::string afterLoad(Integer panel, Integer imagePanel, const std::string& file) {
+        form.LoadPanelImage(1, sample1);
+        form.LoadPanelImage(4, sample2);
+        over(form.lab.panel(panel), 10, 10);
+        form.LoadPanelImage(imagePanel, file);
+        return status(0);
+    }
+};
+
+TEST_F(FileCell, TakesTheNewNameInTheFormOfThePanelThatItShows) {
+    EXPECT_EQ(afterLoad(1, 1, "C:\\new.bmp"), "new.bmp ");
+    EXPECT_EQ(afterLoad(2, 1, "C:\\new.bmp"), " [FT] new.bmp");
+    EXPECT_EQ(afterLoad(3, 1, "C:\\new.bmp"), "new.bmp [iFT] ");
+    EXPECT_EQ(afterLoad(4, 4, "C:\\new.bmp"), "new.bmp ");
+    EXPECT_EQ(afterLoad(5, 4, "C:\\new.bmp"), " [FT] new.bmp");
+    EXPECT_EQ(afterLoad(6, 4, "C:\\new.bmp"), "new.bmp [iFT] ");
+}
+
+TEST_F(FileCell, IsLeftAloneByTheOtherChannelAndByALoadThatFails) {
+    EXPECT_EQ(afterLoad(1, 4, "C:\\new.bmp"), "Halvard-Image1.jpg ");
+    EXPECT_EQ(afterLoad(5, 1, "C:\\new.bmp"), " [FT] Halvard-Image2.jpg");
+    EXPECT_EQ(afterLoad(3, 1, "C:\\broken.bmp"), "Halvard-Image1.jpg [iFT] ");
+}
+
+TEST_F(FileCell, IsEmptyUntilThePointerHasBeenOnAPanel) {
+    form.LoadPanelImage(1, "C:\\new.bmp");
+    EXPECT_EQ(status(0), "");
+}
+
+TEST_F(FileCell, FollowsEveryWayThatAPictureComesIn) {
+    over(form.pb2, 10, 10);
+    form.OLEDragDrop(form.pb1, {"C:\\new.bmp"});
+    EXPECT_EQ(status(0), " [FT] new.bmp");
+    desktop.files.write("C:\\load.ftscr", "TOP\r\nLOAD1 C:\\other.bmp\r\n");
+    form.ReadScript("C:\\load.ftscr");
+    EXPECT_EQ(status(0), " [FT] other.bmp");
+    desktop.clipboard.content = discPicture();
+    form.PasteImage(1);
+    EXPECT_EQ(status(0), " [FT] clipboard.bmp");
+    form.lab.channel1.file = sample1;
+    form.ReloadImage(1);
+    EXPECT_EQ(status(0), " [FT] Halvard-Image1.jpg");
+}
+
+TEST_F(FileCell, KeepsTheNameOfAScriptThatEndsBeforeItsTransform) {
+    over(form.pb4, 10, 10);
+    desktop.files.write("C:\\load.ftscr",
+                        "BOTTOM\r\nLOAD1 C:\\other.bmp\r\nMASK missing.ftmsk\r\n");
+    form.ReadScript("C:\\load.ftscr");
+    EXPECT_EQ(status(0), channel(Channel::Two).sfile + " ");
+}
+
 TEST_F(PointerReadout, AMoveChangesNoPicture) {
     for (Integer panel = 1; panel <= 6; ++panel) {
         const Bitmap before = form.lab.panel(panel).Image();

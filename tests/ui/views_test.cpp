@@ -7,6 +7,7 @@ namespace {
 
 constexpr const char* kPanelMenus[] = {"mnuImg1", "mnuFT1", "mnuNew1",
                                        "mnuImg2", "mnuFT2", "mnuNew2"};
+constexpr const char* kMarkers[] = {"mnuDUM1", "mnuDUM2", "mnuDUM3"};
 constexpr const char* kOtherMenus[] = {"mnuFile", "mnuSCR", "mnuOpt", "mnu10"};
 
 class Views : public OpenForm {
@@ -37,6 +38,9 @@ TEST_F(Views, TheTutorialHidesLabStripButtonAndPanelMenus) {
         EXPECT_FALSE(form.menuTitle(title).Visible) << title;
     for (const char* title : kOtherMenus)
         EXPECT_TRUE(form.menuTitle(title).Visible) << title;
+    // They part the menus of the channels from each other and from the rest.
+    for (const char* marker : kMarkers)
+        EXPECT_FALSE(form.menuTitle(marker).Visible) << marker;
 }
 
 TEST_F(Views, TheLabComesBackWhole) {
@@ -52,6 +56,8 @@ TEST_F(Views, TheLabComesBackWhole) {
     EXPECT_FALSE(form.frLUT.Visible) << "the selector stays closed";
     for (const char* title : kPanelMenus)
         EXPECT_TRUE(form.menuTitle(title).Visible) << title;
+    for (const char* marker : kMarkers)
+        EXPECT_TRUE(form.menuTitle(marker).Visible) << marker;
 }
 
 TEST_F(Views, AClickOnTheLabTabLeavesAnOpenSelectorOpen) {
