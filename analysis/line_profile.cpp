@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "analysis/centred_cell.h"
+#include "engine/PersistentDrawing.h"
 #include "engine/RunTimeError.h"
 #include "engine/clComplexImage.h"
 
@@ -35,6 +36,9 @@ void clComplexImage::GetProfile(std::span<Single> v, Single& vmax, Single x, Sin
     if (vmax == 0)
         vmax = 1;
 
+    // The patch shows on every image; on a screen layer the Refresh would take it
+    // away. The release of Alt falls back to the panel's picture.
+    const PersistentDrawing drawing(image);
     image.Box(0, 0, 255, 255, ground, BoxStyle::Filled);
     const PixelArea patch{toLong(x - kPatchReach), toLong(y - kPatchReach), kPatchSide, kPatchSide};
     image.StretchArea({0, 0, 256, 256}, spectrum.shown(), patch);

@@ -18,6 +18,9 @@ Complex at(const ExchangeArray& p, Long u, Long v) {
     return {p(u, v, 0), p(u, v, 1)};
 }
 
+// Products and sums are Doubles, rounded once where a Single is stored: of two
+// large products that almost cancel, the difference stays right.
+
 Complex product(Complex a, Complex b) {
     const Double ar = a.re;
     const Double ai = a.im;

@@ -7,6 +7,10 @@ namespace quillon {
 
 namespace {
 
+// An edit computes in Double and rounds once, where it stores into a cell: the
+// same picture on every machine, and cells that can be checked to the last bit
+// against plain arithmetic.
+
 /// What an edit makes of a cell.
 struct Edited {
     Single re = 0;

@@ -8,6 +8,7 @@
 #include "app/not_done.h"
 #include "app/save_name.h"
 #include "engine/NativePaths.h"
+#include "engine/PersistentDrawing.h"
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
 
@@ -36,22 +37,6 @@ public:
 
 private:
     PictureBox& img_;
-};
-
-/// Makes a panel draw into its bitmap for a while. A lattice under way draws on
-/// the screen layer, where a picture would never reach the transform.
-class PersistentDrawing {
-public:
-    explicit PersistentDrawing(PictureBox& panel) : panel_(panel), former_(panel.AutoRedraw()) {
-        panel_.setAutoRedraw(true);
-    }
-    PersistentDrawing(const PersistentDrawing&) = delete;
-    PersistentDrawing& operator=(const PersistentDrawing&) = delete;
-    ~PersistentDrawing() { panel_.setAutoRedraw(former_); }
-
-private:
-    PictureBox& panel_;
-    bool former_;
 };
 
 /// The picture of a file; without a file the empty picture.

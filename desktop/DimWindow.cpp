@@ -273,6 +273,10 @@ bool DimWindow::event(QEvent* event) {
 
 void DimWindow::keyPressEvent(QKeyEvent* event) {
     event->accept();
+    // A held Escape that has closed a menu or ended a batch stops there: its
+    // repetitions do not turn the light on.
+    if (!event->isAutoRepeat())
+        dim_.KeyDown(keyCode(*event));
     if (const auto letter = keyAscii(*event))
         dim_.KeyPress(*letter);
 }

@@ -92,12 +92,12 @@ FormWindow::FormWindow(Form1& form, QtScreen& screen, BrowserSource browser)
     : form_(form), screen_(screen), bar_(new QMenuBar(this)), area_(new QWidget(this)) {
     setObjectName(QStringLiteral("FormWindow"));
     setFocusPolicy(Qt::StrongFocus);
-    menus_ = std::make_unique<LabMenus>(form_, *bar_);
+    menus_ = std::make_unique<LabMenus>(form_, *bar_, [this] { keys_->releaseAll(); });
     mouse_ = std::make_unique<HeldMouse>(form_, *this);
     surface_ = std::make_unique<Surface>(*this, *area_);
     for (Control* control : form_.controls())
         build(form_.rowOf(*control), *control, browser);
-    keys_ = std::make_unique<KeyPreview>(form_, *this);
+    keys_ = std::make_unique<KeyPreview>(form_, *this, screen_);
     brightAgain_.setSingleShot(true);
     connect(&brightAgain_, &QTimer::timeout, this, [this] { setUpdatesEnabled(true); });
     screen_.setDragger([this](Control& control) { drag(control); });

@@ -11,6 +11,8 @@
 namespace quillon {
 
 void FormWindow::prepareDark() {
+    // Their own releases will go to the dark.
+    keys_->releaseAll();
     if (dimWindow_ != nullptr)
         return;
     darkMeans_ = chosenDarkMeans_ ? *chosenDarkMeans_ : darkMeansNow();

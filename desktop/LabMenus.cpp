@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <algorithm>
+#include <utility>
 
 #include "desktop/Conversions.h"
 #include "engine/RunTimeError.h"
@@ -39,7 +40,8 @@ private:
     QAction& action_;
 };
 
-LabMenus::LabMenus(Form1& form, QMenuBar& bar) : form_(form), bar_(bar) {
+LabMenus::LabMenus(Form1& form, QMenuBar& bar, std::function<void()> opening)
+    : form_(form), bar_(bar), opening_(std::move(opening)) {
     for (const MenuTitleRow& row : menuTitles()) {
         QAction* action = nullptr;
         if (row.array >= 0) {
@@ -66,6 +68,7 @@ QMenu& LabMenus::menuOf(std::string_view title) {
 QMenu* LabMenus::build(MenuArray array, const QString& name, const QString& title) {
     auto* menu = new QMenu(title, &bar_);
     menu->setObjectName(name);
+    QObject::connect(menu, &QMenu::aboutToShow, &bar_, [this] { opening_(); });
     Integer index = 0;
     for (const MenuEntryRow& row : menuEntries(array))
         addEntry(*menu, array, index++, row);

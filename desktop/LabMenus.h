@@ -2,7 +2,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
-#include <QPointer>
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -16,7 +16,8 @@ namespace quillon {
 /// handler of its array.
 class LabMenus {
 public:
-    LabMenus(Form1& form, QMenuBar& bar);
+    /// @param opening called before any of the menus opens
+    LabMenus(Form1& form, QMenuBar& bar, std::function<void()> opening);
     ~LabMenus();
 
     /// The menu that a title of the bar opens; throws RunTimeError
@@ -31,6 +32,7 @@ private:
 
     Form1& form_;
     QMenuBar& bar_;
+    std::function<void()> opening_;
     std::vector<std::unique_ptr<EntryFace>> faces_;
     struct Title {
         std::string_view name;

@@ -31,7 +31,8 @@ void QtScreen::pendingEvents() {
     // One may begin within another, and a handler that fails ends both.
     ++eventRuns_;
     const auto counted = qScopeGuard([this] { --eventRuns_; });
-    QCoreApplication::processEvents();
+    QCoreApplication::processEvents(inputWaits_ > 0 ? QEventLoop::ExcludeUserInputEvents
+                                                    : QEventLoop::AllEvents);
 }
 
 void QtScreen::beep() {

@@ -8,6 +8,19 @@ namespace quillon {
 
 class QtScreen : public Screen {
 public:
+    /// While one lives, what the user does waits through pendingEvents(): the next
+    /// key belongs to what is about to open or close, not to what was there before.
+    class InputWaits {
+    public:
+        explicit InputWaits(QtScreen& screen) : screen_(screen) { ++screen_.inputWaits_; }
+        InputWaits(const InputWaits&) = delete;
+        InputWaits& operator=(const InputWaits&) = delete;
+        ~InputWaits() { --screen_.inputWaits_; }
+
+    private:
+        QtScreen& screen_;
+    };
+
     ~QtScreen() override;
     void setMousePointer(Integer pointer) override;
     void pendingEvents() override;
@@ -24,6 +37,7 @@ public:
 private:
     bool waiting_ = false;
     int eventRuns_ = 0;
+    int inputWaits_ = 0;
     std::function<void(Control&)> dragger_;
 };
 

@@ -16,7 +16,9 @@ constexpr Single kLeastSqrtFactor = 0.01F;
 constexpr Single kLeastLinearFactor = 0.1F;
 constexpr Single kLeastEnteredFactor = 0.05F;
 
-/// One step of a factor; beyond the range of a Single it is infinite.
+/// One step of a factor; beyond the range of a Single it is infinite. The product is
+/// a Double, rounded once, so that the caption shows the same factor after the same
+/// steps on every machine.
 Single stepped(Single factor, Double step, Single least) noexcept {
     return std::max(least, static_cast<Single>(factor * step));
 }

@@ -239,6 +239,10 @@ public:
     void KeyPress(Integer KeyAscii);
     void remoteKeyPress(Integer& KeyAscii) override { KeyPress(KeyAscii); }
     void remoteKeyUp(Integer& KeyCode, Integer& Shift) override { KeyUp(KeyCode, Shift); }
+    bool remoteEscape() override;
+    /// Whether a line of the profile shows, which means that Alt's release is yet
+    /// to come.
+    bool showsProfile();
     /// Files dropped on an image panel.
     /// Whether files that are dropped there do something: the first of them counts,
     /// and it must be a picture or a script that can be read.
@@ -347,6 +351,7 @@ private:
     void showFirstPictures();
     bool takeUp(const std::string& session);
     void close(Ending ending);
+    void takeOffProfile() noexcept;
     /// What became of the session, here or under TMP.
     SessionRescue::Result runClosing(Ending ending);
     void WriteDefaultSettings();
@@ -431,6 +436,8 @@ private:
     /// The opening is over: the panels show what a closing can keep.
     bool opened_ = false;
     bool unloaded_ = false;
+    /// Scripts under way: a script may lead to another.
+    int scriptsRunning_ = 0;
     Histogram histogram_;
     /// The next release belongs to a press that opened a menu or to the second
     /// press of a double click, and reaches no handler.

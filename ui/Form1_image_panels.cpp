@@ -48,7 +48,8 @@ void Form1::imagePanelMouseDown(Channel which, Integer Button, Integer /*Shift*/
                 beginLattice(which, X, Y);
             break;
         case kShift:
-            // A lattice left half done draws on the screen layer; a roll counts.
+            // A lattice left half done draws on the screen layer; a roll counts. The
+            // panel stays so: whoever takes this tool has left the lattice.
             pb.setAutoRedraw(true);
             beginRoll(imagePanelId(which), X, Y);
             break;

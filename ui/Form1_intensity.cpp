@@ -49,6 +49,8 @@ void Form1::askIntensityFactor(Channel which) {
     const auto text = desktop.dialogs.inputBox(
         "Enter new Intensity Factor\n\nCurrent value = " + channel.getIntFac(),
         "Adjust FT Brightness", "");
+    // A blank in front of the number is skipped: a factor that was pasted with one
+    // is meant too.
     const Single factor = leadingSingle(text.value_or(""));
     if (factor > 0)
         channel.setIntFac(factor);

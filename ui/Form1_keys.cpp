@@ -1,3 +1,4 @@
+#include "engine/PersistentDrawing.h"
 #include "ui/Form1.h"
 
 // The keyboard. The window sees every key before any control does.
@@ -6,13 +7,13 @@ namespace quillon {
 
 namespace {
 
-constexpr Integer kKeyEscape = 27;
 constexpr Integer kKeyLeft = 37;
 constexpr Integer kKeyUp = 38;
 constexpr Integer kKeyRight = 39;
 constexpr Integer kKeyDown = 40;
 
 constexpr Integer kRecalculateAll = 3;
+constexpr Integer kTutorialView = 2;
 
 struct PixelStep {
     Single dx;
@@ -64,7 +65,9 @@ void Form1::KeyUp(Integer KeyCode, Integer /*Shift*/) {
         const Channel which = channelOfPanel(pendingShiftPanel);
         pendingShiftPanel = 0;
         PictureBox& panel = lab.imagePanel(which);
-        // Committed, because the release of Alt falls back to the panel's picture.
+        // Committed here, as the mouse's roll is at its release: without that the
+        // next release of Alt, which falls back to the panel's picture, would take
+        // the roll back while its transform stays.
         panel.setPicture(panel.Image());
         if (lab.autoCalculate)
             lab.channel(which).runFOURN(1, 0);
@@ -74,8 +77,11 @@ void Form1::KeyUp(Integer KeyCode, Integer /*Shift*/) {
     // The line profile and its magnified patch are taken off the panels.
     showProfileLines(false);
     desktop.screen.pendingEvents();
-    pb1.Cls();
-    pb4.Cls();
+    for (PictureBox* image : {&pb1, &pb4}) {
+        // The patch lies in the bitmap whatever the panel draws on.
+        const PersistentDrawing drawing(*image);
+        image->Cls();
+    }
     pb1.Refresh();
     pb4.Refresh();
     lab.channel1.RedrawFT(0, 0);
@@ -83,13 +89,28 @@ void Form1::KeyUp(Integer KeyCode, Integer /*Shift*/) {
 }
 
 void Form1::KeyPress(Integer KeyAscii) {
-    // In the Tutorial view an L is a letter to be typed.
-    if ((KeyAscii == kAsciiUpperL || KeyAscii == kAsciiLowerL) && lab.viewTab < 2)
+    // In the Tutorial view a letter is typed, and Space and Enter scroll and follow
+    // links: who reads there does not mean the lab behind the page. The dark over
+    // the Tutorial hands its keys on to here, so they rest there too.
+    if (lab.viewTab >= kTutorialView)
+        return;
+    if (KeyAscii == kAsciiUpperL || KeyAscii == kAsciiLowerL)
         lab.runCommand([&] { LightOff(); });
     if (KeyAscii == kAsciiEnter || KeyAscii == kAsciiSpace)
         lab.runCommand([&] { itmOpt(kRecalculateAll); });
     else if (KeyAscii == kAsciiLowerR)
         lab.runCommand([&] { ResetForScript(); });
+}
+
+bool Form1::remoteEscape() {
+    if (!lab.channel1.bBatch && scriptsRunning_ == 0)
+        return false;
+    KeyDown(kKeyEscape, 0);
+    return true;
+}
+
+bool Form1::showsProfile() {
+    return Line1(0).Visible || Line1(1).Visible;
 }
 
 void Form1::showProfileLines(bool visible) {

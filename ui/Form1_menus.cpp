@@ -208,7 +208,9 @@ void Form1::itmFile(Integer Index) {
     try {
         switch (Index) {
             case 0:
-                viewFolder(lab.folders.ImagePath);
+                // A batch that the closing has stopped gets here too.
+                if (!unloaded_)
+                    viewFolder(lab.folders.ImagePath);
                 break;
             case 1:
                 viewFolder(lab.folders.ScriptPath);

@@ -9,7 +9,24 @@
 
 namespace quillon {
 
+namespace {
+
+/// Counts a script while it runs, however it ends.
+class RunningScript {
+public:
+    explicit RunningScript(int& count) : count_(count) { ++count_; }
+    RunningScript(const RunningScript&) = delete;
+    RunningScript& operator=(const RunningScript&) = delete;
+    ~RunningScript() { --count_; }
+
+private:
+    int& count_;
+};
+
+}  // namespace
+
 void Form1::ReadScript(const std::string& path) {
+    const RunningScript running(scriptsRunning_);
     quillon::ReadScript(lab, *this, path);
 }
 
@@ -39,6 +56,7 @@ void Form1::WriteScript(const std::string& path, const std::string& title) {
 }
 
 void Form1::LoadScriptCommand(const std::string& file) {
+    const RunningScript running(scriptsRunning_);
     quillon::LoadScriptCommand(lab, *this, file);
 }
 

@@ -167,7 +167,9 @@ void Form1::unload() {
 
 void Form1::stopWork() {
     Timer1.Enabled = false;
-    // The user is gone: a batch under way ends with its image in progress.
+    // Who closes the window does not wait for the rest of a folder: a batch under
+    // way ends with its image in progress, and opens no folder behind the closed
+    // window.
     bStopBatch = true;
 }
 
@@ -201,7 +203,18 @@ bool Form1::writeSnapshot() {
     return true;
 }
 
+/// With Alt held an image panel may show the magnified patch: it is no image to be kept.
+void Form1::takeOffProfile() noexcept {
+    try {
+        if (showsProfile())
+            KeyUp(kKeyAlt, 0);
+    } catch (...) {
+        // The session is kept as it is.
+    }
+}
+
 void Form1::close(Ending ending) {
+    takeOffProfile();
     const SessionRescue::Result result = runClosing(ending);
     // Where nothing could be kept, the last snapshot is what there is.
     if (!keeper_ || result == SessionRescue::Result::Lost)

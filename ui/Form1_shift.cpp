@@ -1,3 +1,4 @@
+#include "engine/PersistentDrawing.h"
 #include "ui/Form1.h"
 
 // The wrap-around shift of a panel's picture.
@@ -5,6 +6,9 @@
 namespace quillon {
 
 void Form1::ShiftPanel(Single dx, Single dy, PictureBox& pb) {
+    // Every roll counts, by mouse, keys or menu, also where an abandoned lattice
+    // has left the panel drawing on its screen layer.
+    const PersistentDrawing drawing(pb);
     const Single w = pb.ScaleWidth();
     const Single h = pb.ScaleHeight();
     // The tiles of the 3 by 3 neighbourhood cover the panel whatever the offset;

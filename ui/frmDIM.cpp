@@ -207,6 +207,13 @@ void frmDIM::Click(Control& where) {
             form_.ShowRemotePopup(i);
 }
 
+void frmDIM::KeyDown(Integer KeyCode) {
+    // What is running has the first claim: who wants to stop a batch in a dark
+    // room does not want the light. The next Escape is the light's.
+    if (KeyCode == kKeyEscape && !form_.remoteEscape())
+        unload();
+}
+
 void frmDIM::KeyPress(Integer KeyAscii) {
     if (KeyAscii == kAsciiUpperL || KeyAscii == kAsciiLowerL)
         unload();

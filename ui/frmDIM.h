@@ -37,6 +37,8 @@ public:
     virtual void ShowRemotePopup(Integer i) = 0;
     virtual void remoteKeyPress(Integer& KeyAscii) = 0;
     virtual void remoteKeyUp(Integer& KeyCode, Integer& Shift) = 0;
+    /// Escape for a batch or a script that is running; false where none is.
+    virtual bool remoteEscape() = 0;
 };
 
 /// What the dark asks of the window that shows it.
@@ -103,6 +105,7 @@ public:
     void MouseDown(Integer Button);
     /// A label of the mini menu.
     void Click(Control& where);
+    void KeyDown(Integer KeyCode);
     void KeyPress(Integer KeyAscii);
     void KeyUp(Integer KeyCode, Integer Shift);
 

@@ -22,6 +22,7 @@ inline constexpr Integer kWindowMaximised = 2;
 inline constexpr Integer kKeyShift = 16;
 inline constexpr Integer kKeyCtrl = 17;
 inline constexpr Integer kKeyAlt = 18;
+inline constexpr Integer kKeyEscape = 27;
 
 // Keys by what they type.
 inline constexpr Integer kAsciiEnter = 13;

@@ -238,6 +238,35 @@ TEST_F(BatchInTheWindow, EscapeFinishesTheImageInProgressAndCountsIt) {
     EXPECT_EQ(entries(), 12 + 3 * 5);
 }
 
+TEST_F(BatchInTheWindow, EscapeInTheDarkEndsTheBatchAndTheNextOneTurnsTheLightOn) {
+    const std::vector<MixedPicture> pictures = makeMixedPictures(folder, 6);
+    nextSample(pictures[0].name, Types::All);
+    nextQuestion(6, QMessageBox::Yes);
+    nextCount(4);
+    window().setDarkMeans(DarkMeans::PaintedChild);
+    bool dark = false;
+    bool pressed = false;
+    runFromTheMenu([&] {
+        const std::string& caption = form().fr2.Caption.get();
+        if (!dark && caption == "Image 2 of 6 ...") {
+            dark = true;
+            QTest::keyClick(window().windowHandle(), Qt::Key_L);
+            EXPECT_EQ(form().Tag, "DIM");
+        }
+        if (!pressed && caption == "Image 4 of 6 ...") {
+            pressed = true;
+            QTest::keyClick(window().windowHandle(), Qt::Key_Escape);
+            EXPECT_EQ(form().dim.fadeDirection, 1) << "the light stays off";
+        }
+    });
+    EXPECT_TRUE(pressed);
+    EXPECT_EQ(entries(), 6 + 3 * 4);
+    EXPECT_EQ(form().Tag, "DIM");
+    EXPECT_EQ(form().dim.fadeDirection, 1);
+    QTest::keyClick(window().windowHandle(), Qt::Key_Escape);
+    EXPECT_EQ(form().dim.fadeDirection, 2);
+}
+
 TEST_F(BatchInTheWindow, LetsTheUsersOtherCommandsThroughWhileItRuns) {
     const std::vector<MixedPicture> pictures = makeMixedPictures(folder, 6);
     nextSample(pictures[0].name, Types::All);

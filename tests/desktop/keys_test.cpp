@@ -95,6 +95,24 @@ TEST_F(Keys, EnterOnEitherPlaceAndSpaceRecalculate) {
     EXPECT_FALSE(recalculatesOn(Qt::Key_X));
 }
 
+TEST_F(Keys, InTheTutorialEnterSpaceAndRDoNothingToTheHiddenLab) {
+    form().Click(form().lbTAB(1));
+    settle();
+    form().click(MenuArray::mnuFT2a, 11);
+    for (QWidget* focus : {&widget("ie5"), static_cast<QWidget*>(&window())}) {
+        focus->setFocus();
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_R}) {
+            form().pb3.Tag = "3D";
+            QTest::keyClick(window().windowHandle(), key);
+            settle();
+            EXPECT_EQ(form().pb3.Tag, "3D") << focus->objectName().toStdString() << " " << key;
+            EXPECT_TRUE(form().lab.channel2.bHighpass) << key;
+        }
+    }
+    form().Click(form().lbTAB(0));
+    EXPECT_TRUE(recalculatesOn(Qt::Key_Space)) << "in the Lab it is the lab's";
+}
+
 TEST_F(Keys, EscapeAsksABatchToStop) {
     form().bStopBatch = false;
     pressKey(Qt::Key_Escape);

@@ -2,9 +2,12 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QFile>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 #include <vector>
 
 #include "desktop/Conversions.h"
@@ -367,13 +370,10 @@ TEST_F(LightInTheWindow, KeysReachTheDarkAndOnlyThreeOfThemTheWindow) {
         EXPECT_TRUE(recalculatesOn(Qt::Key_Space));
         EXPECT_TRUE(recalculatesOn(Qt::Key_R));
         EXPECT_FALSE(recalculatesOn(Qt::Key_X));
-        // No arrow rolls a picture, no Escape stops a batch, no menu opens.
+        // No arrow rolls a picture, no menu opens.
         const Bitmap before = form().pb1.Image();
         QTest::keyClick(top, Qt::Key_Right, Qt::ShiftModifier);
         EXPECT_EQ(form().pb1.Image(), before);
-        form().bStopBatch = false;
-        QTest::keyClick(top, Qt::Key_Escape);
-        EXPECT_FALSE(form().bStopBatch);
         QTest::keyClick(top, Qt::Key_O, Qt::AltModifier);
         settle();
         EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
@@ -381,6 +381,86 @@ TEST_F(LightInTheWindow, KeysReachTheDarkAndOnlyThreeOfThemTheWindow) {
         EXPECT_EQ(form().dim.fadeDirection, 2);
         fadeOut();
         EXPECT_EQ(form().Tag, "");
+    }
+}
+
+TEST_F(LightInTheWindow, EscapeTurnsTheLightOnInBothViews) {
+    for (const Integer tab : {Integer{0}, Integer{1}}) {
+        form().Click(form().lbTAB(tab));
+        settle();
+        for (const DarkMeans means : kAll) {
+            lightOff(means);
+            fadeIn();
+            form().bStopBatch = false;
+            QTest::keyClick(dark()->window()->windowHandle(), Qt::Key_Escape);
+            EXPECT_EQ(form().dim.fadeDirection, 2);
+            EXPECT_FALSE(form().bStopBatch) << "no batch is running";
+            fadeOut();
+            EXPECT_EQ(form().Tag, "");
+        }
+    }
+}
+
+TEST_F(LightInTheWindow, AMenuAndADialogInTheDarkKeepTheirEscape) {
+    lightOff(DarkMeans::PaintedChild);
+    fadeIn();
+    whenPopup([this](QMenu& shown) {
+        QTest::keyClick(window().windowHandle(), Qt::Key_Escape);
+        EXPECT_FALSE(shown.isVisible());
+    });
+    clickOn(window(), middleOf(label(1)), Qt::LeftButton);
+    EXPECT_EQ(form().dim.fadeDirection, 1) << "the menu has closed, no more";
+    QDialog dialog(&window());
+    dialog.open();
+    QTest::keyClick(dialog.windowHandle(), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(form().dim.fadeDirection, 1);
+    // The key is still down: its repetitions belong to what it has closed.
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b"), true);
+    QApplication::sendEvent(dark(), &again);
+    EXPECT_EQ(form().dim.fadeDirection, 1);
+    fadeOut();
+}
+
+TEST_F(LightInTheWindow, ARunningScriptGetsTheFirstEscape) {
+    QFile script(home.filePath(QStringLiteral("ring.ftscr")));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("TOP\nLOWPASS 30\n");
+    script.close();
+    for (const DarkMeans means : kAll) {
+        lightOff(means);
+        fadeIn();
+        QWindow* top = dark()->window()->windowHandle();
+        bool pressed = false;
+        // The choice of the filter lets events run.
+        QTimer::singleShot(0, &window(), [&] {
+            pressed = true;
+            QTest::keyClick(top, Qt::Key_Escape);
+        });
+        form().LoadScriptCommand(toLabPath(script.fileName()));
+        EXPECT_TRUE(pressed);
+        EXPECT_EQ(form().dim.fadeDirection, 1) << "the script had it";
+        EXPECT_EQ(form().lab.channel1.filter_rad, 30.5F) << "and ran to its end";
+        QTest::keyClick(top, Qt::Key_Escape);
+        EXPECT_EQ(form().dim.fadeDirection, 2) << "the second one is the light's";
+        fadeOut();
+    }
+}
+
+TEST_F(LightInTheWindow, OverTheTutorialNoKeyReachesTheHiddenLab) {
+    form().Click(form().lbTAB(1));
+    settle();
+    for (const DarkMeans means : kAll) {
+        lightOff(means);
+        fadeIn();
+        form().pb3.Tag = "3D";
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_R}) {
+            QTest::keyClick(dark()->window()->windowHandle(), key);
+            settle();
+            EXPECT_EQ(form().pb3.Tag, "3D") << key;
+        }
+        fadeOut();
     }
 }
 

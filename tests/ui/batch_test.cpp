@@ -106,6 +106,7 @@ TEST_F(WindowBatch, EndsWithItsImageWhenTheWindowIsClosed) {
     form.itmFile(3);
     EXPECT_EQ(told(), "2 images processed.");
     EXPECT_EQ(host.unloads, 1);
+    EXPECT_TRUE(desktop.shell.calls.empty()) << "no folder opens behind a closed window";
 }
 
 }  // namespace

@@ -15,6 +15,8 @@ class RecordingForm : public DimmedForm {
 public:
     explicit RecordingForm(CallLog& log) : log_(log) {}
     frmDIM* dim = nullptr;
+    /// A batch or a script is under way.
+    bool running = false;
 
     void LightOn() override {
         log_.add("LightOn()");
@@ -30,6 +32,10 @@ public:
     }
     void remoteKeyUp(Integer& KeyCode, Integer& Shift) override {
         log_.add("remoteKeyUp(" + std::to_string(KeyCode) + "," + std::to_string(Shift) + ")");
+    }
+    bool remoteEscape() override {
+        log_.add("remoteEscape()");
+        return running;
     }
 
 private:
@@ -327,6 +333,28 @@ TEST_F(TheDark, FadesOutAtLOfEitherCase) {
         EXPECT_TRUE(calls.lines.empty()) << "the letter goes no further";
         fade();
     }
+}
+
+TEST_F(TheDark, FadesOutAtEscapeUnlessSomethingThatRunsTakesIt) {
+    loadAndFadeIn();
+    form.running = true;
+    dim.KeyDown(27);
+    EXPECT_EQ(dim.fadeDirection, 1);
+    EXPECT_FALSE(dim.Timer1.Enabled);
+    form.running = false;
+    dim.KeyDown(27);
+    EXPECT_EQ(dim.fadeDirection, 2);
+    EXPECT_TRUE(dim.Timer1.Enabled);
+    EXPECT_EQ(count("remoteEscape()"), 2);
+}
+
+TEST_F(TheDark, TakesNoOtherKeyBeforeItIsTyped) {
+    loadAndFadeIn();
+    for (Integer code = 0; code < 256; ++code)
+        if (code != 27)
+            dim.KeyDown(code);
+    EXPECT_TRUE(calls.lines.empty());
+    EXPECT_EQ(dim.fadeDirection, 1);
 }
 
 TEST_F(TheDark, LetsThreeKeysThrough) {

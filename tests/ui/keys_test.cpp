@@ -19,6 +19,22 @@ protected:
         form.itmOpt(4);
         desktop.log.clear();
     }
+    void drag(PictureBox& panel, Single fromX, Single fromY, Single toX, Single toY) {
+        form.MouseDown(panel, kLeftButton, 0, fromX, fromY);
+        form.MouseMove(panel, kLeftButton, 0, toX, toY);
+        form.MouseUp(panel, kLeftButton, 0, toX, toY);
+    }
+    /// One drag of two, another tool, and a picture: the panel still draws on its
+    /// screen layer.
+    void abandonLattice(Channel which) {
+        const MenuArray tools = which == Channel::One ? MenuArray::mnuImg1b : MenuArray::mnuImg2b;
+        form.click(tools, 1);
+        form.lattice[0][0] = 0;
+        drag(image(which), 20, 20, 60, 25);
+        form.click(tools, 2);
+        image(which).setPicture(squaresPicture());
+        ASSERT_FALSE(image(which).AutoRedraw());
+    }
 };
 
 TEST_F(Keys, ShiftAndAnArrowRollTheUpperImageByOnePixel) {
@@ -49,17 +65,39 @@ TEST_F(Keys, CtrlAndAnArrowRollTheLowerImage) {
     EXPECT_EQ(form.pendingShiftPanel, 4);
 }
 
-TEST_F(Keys, AnArrowLeavesADrawingOnTheScreenLayerThere) {
-    for (const Integer shift : std::initializer_list<Integer>{kShiftKey, kCtrlKey}) {
-        PictureBox& panel = shift == kShiftKey ? form.pb1 : form.pb4;
-        const Bitmap before = panel.Image();
-        panel.setAutoRedraw(false);
-        form.KeyDown(kRight, shift);
-        EXPECT_FALSE(panel.AutoRedraw());
-        EXPECT_EQ(panel.Image(), before);
-        form.KeyUp(kRight, shift);
-        EXPECT_EQ(panel.shown(), before);
+TEST_F(Keys, AnArrowRollsAndTransformsAnImageWhoseLatticeWasAbandoned) {
+    for (const Channel which : kBoth) {
+        abandonLattice(which);
+        const Bitmap before = image(which).Image();
+        desktop.log.clear();
+        form.KeyDown(kRight, which == Channel::One ? kShiftKey : kCtrlKey);
+        EXPECT_EQ(image(which).shown(), rolled(before, 1, 0));
+        EXPECT_EQ(image(which).Image(), rolled(before, 1, 0));
+        form.KeyUp(kRight, 0);
+        EXPECT_EQ(transforms(), 2);
+        EXPECT_EQ(image(which).Picture(), rolled(before, 1, 0)) << "committed";
+        const Single transformed = channel(which).spectrum()(1, 0).re;
+        channel(which).runFOURN(1, 0);
+        EXPECT_EQ(channel(which).spectrum()(1, 0).re, transformed) << "it was the rolled image's";
+        EXPECT_FALSE(image(which).AutoRedraw()) << "a lattice goes on where it was left";
     }
+}
+
+TEST_F(Keys, AnArrowBetweenTheDragsOfALatticeLeavesNoConstructionLineInIt) {
+    const auto lattice = [this](const auto& between) {
+        form.click(MenuArray::mnuImg1b, 1);
+        form.lattice[0][0] = 0;
+        drag(form.pb1, 20, 20, 60, 25);
+        between();
+        drag(form.pb1, 20, 20, 30, 70);
+        return form.pb1.Image();
+    };
+    const Bitmap plain = lattice([] {});
+    const Bitmap rolledBetween = lattice([this] {
+        form.KeyDown(kRight, kShiftKey);
+        form.KeyUp(kRight, 0);
+    });
+    EXPECT_EQ(rolledBetween, plain);
 }
 
 TEST_F(Keys, AHeldArrowRollsAllTheWayRound) {
@@ -160,6 +198,34 @@ TEST_F(Keys, TheReleaseOfAltPutsThePanelsInOrder) {
                                         "showNow pb3", "showNow pb6"}));
 }
 
+TEST_F(Keys, ThePatchOfAltShowsOnAnImageWhoseLatticeWasAbandoned) {
+    for (const Channel which : kBoth) {
+        form.KeyDown(kAlt, kAltKey);
+        form.MouseMove(spectrum(which), 0, kAltKey, 60, 90);
+        const Bitmap patch = image(which).shown();
+        form.KeyUp(kAlt, 0);
+        abandonLattice(which);
+        const Bitmap before = image(which).shown();
+        ASSERT_NE(patch, before);
+        form.KeyDown(kAlt, kAltKey);
+        form.MouseMove(spectrum(which), 0, kAltKey, 60, 90);
+        EXPECT_EQ(differingPixels(image(which).shown(), patch), 0);
+        form.KeyUp(kAlt, 0);
+        EXPECT_EQ(image(which).shown(), before);
+        EXPECT_EQ(image(which).Image(), before) << "what a transform reads";
+        EXPECT_FALSE(image(which).AutoRedraw()) << "a lattice goes on where it was left";
+    }
+}
+
+TEST_F(Keys, AClosingUnderAltTakesThePatchOffFirst) {
+    const Bitmap before = form.pb4.Image();
+    form.KeyDown(kAlt, kAltKey);
+    form.MouseMove(form.pb5, 0, kAltKey, 60, 90);
+    ASSERT_NE(form.pb4.Image(), before);
+    form.unload();
+    EXPECT_EQ(form.pb4.Image(), before);
+}
+
 TEST_F(Keys, TheReleaseOfAltKeepsWhatIsPaintedOnTheImages) {
     desktop.pictures.add("C:\\odd.bmp", Bitmap(20, 20, 0x123456));
     form.LoadPanelImage(1, "C:\\odd.bmp");
@@ -190,8 +256,8 @@ TEST_F(Keys, EscapeSetsItsFlagBeforeTheYield) {
     EXPECT_TRUE(flag);
 }
 
-TEST_F(Keys, EnterAndSpaceRecalculateAllInEveryView) {
-    for (const Integer view : std::initializer_list<Integer>{0, 1, 2})
+TEST_F(Keys, EnterAndSpaceRecalculateAllInTheLab) {
+    for (const Integer view : std::initializer_list<Integer>{0, 1})
         for (const Integer key : std::initializer_list<Integer>{13, 32}) {
             form.lab.viewTab = view;
             form.pb3.Tag = "3D";
@@ -200,6 +266,21 @@ TEST_F(Keys, EnterAndSpaceRecalculateAllInEveryView) {
             EXPECT_EQ(transforms(), 6) << key << " in view " << view;
             EXPECT_EQ(form.pb3.Tag, "!");
         }
+}
+
+TEST_F(Keys, InTheTutorialEnterSpaceAndRLeaveTheHiddenLabAlone) {
+    clickFilter(Channel::Two, 11);
+    form.mnuImg1a(9);
+    form.lab.viewTab = 2;
+    desktop.log.clear();
+    for (Integer key : std::initializer_list<Integer>{13, 32, 'r', 'l'}) {
+        form.KeyPress(key);
+        // The dark's keys are the window's, over the Tutorial too.
+        form.remoteKeyPress(key);
+    }
+    EXPECT_TRUE(desktop.log.empty());
+    EXPECT_TRUE(form.lab.channel2.bHighpass);
+    EXPECT_TRUE(form.lab.channel1.GetInvert(0));
 }
 
 TEST_F(Keys, OtherCharactersRecalculateNothing) {
