@@ -5,6 +5,8 @@
 #include <string>
 
 #include "app/Folders.h"
+#include "app/ImageOrigin.h"
+#include "app/KeptPictures.h"
 #include "engine/Desktop.h"
 #include "engine/PictureBox.h"
 #include "engine/clComplexImage.h"
@@ -64,17 +66,26 @@ struct Lab {
     Integer namedPanel = 0;
     /// True while the light is off.
     std::function<bool()> dimmed;
+    /// True while a line profile may lie over the image panels.
+    std::function<bool()> profiling{};
     /// What the last command has not done and why, and the text of cell 2 that
     /// this lies over; both empty where all was done.
     struct NotDone {
         std::string report{};
         std::string covered{};
     } notDone{};
+    /// By channel.
+    std::array<ImageOrigin, 2> origins{};
+    KeptPictures keptPictures{};
 
     clComplexImage& channel(Channel which) const {
         return which == Channel::One ? channel1 : channel2;
     }
     clComplexImage& channelOf(Integer panel) const { return channel(channelOfPanel(panel)); }
+    ImageOrigin& origin(Channel which) { return origins[static_cast<std::size_t>(which)]; }
+    const ImageOrigin& origin(Channel which) const {
+        return origins[static_cast<std::size_t>(which)];
+    }
     /// The panel of id 1 to 6; throws RunTimeError SubscriptOutOfRange for any other.
     PictureBox& panel(Integer id) const;
     PictureBox& imagePanel(Channel which) const { return which == Channel::One ? pb1 : pb4; }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "app/image_source.h"
 #include "app/not_done.h"
 #include "app/save_name.h"
 #include "engine/NativePaths.h"
@@ -138,10 +139,25 @@ void loadInto(Lab& lab, Integer panel, const std::string& file) {
     paintStretched(lab.imagePanel(which), buffer.picture());
     lab.channel(which).file = file;
     lab.channel(which).nmask = 0;
+    noteFileShown(lab, which, Placing::Stretched);
     recalculate(lab, which);
 }
 
+/// A picture that was saved over the channel's own file is that file's now.
+void noteSaved(Lab& lab, Integer panel, const std::string& file) {
+    const Channel which = channelOfPanel(panel);
+    if (panel == imagePanelId(which) && file == lab.channel(which).file)
+        noteFileShown(lab, which, Placing::Stretched);
+}
+
 }  // namespace
+
+void loadImageFile(Lab& lab, Channel which, const std::string& file) {
+    lab.channel(which).file = file;
+    noteImageWithoutFile(lab, which);
+    lab.channel(which).LoadImageFile(file);
+    noteFileShown(lab, which, Placing::Laid);
+}
 
 void paintStretched(PictureBox& panel, const Bitmap& picture) {
     const PersistentDrawing drawing(panel);
@@ -169,6 +185,7 @@ void ReloadImage(Lab& lab, Integer panel) {
         return;
     const LoadingBuffer buffer(lab, *std::move(picture));
     paintStretched(lab.imagePanel(which), buffer.picture());
+    noteFileShown(lab, which, Placing::Stretched);
     if (lab.channel(which).GetInvert(0))
         invertPicture(lab.imagePanel(which));
     recalculate(lab, which);
@@ -205,8 +222,10 @@ void SavePanelImage(Lab& lab, Integer panel, const std::string& file) {
         } else {
             return lab.reportNotDone("not saved: the name has no point");
         }
-        if (panel >= 1 && panel <= 6)
+        if (panel >= 1 && panel <= 6) {
             lab.desktop.pictures.save(lab.panel(panel).Image(), name);
+            noteSaved(lab, panel, name);
+        }
     } catch (const std::exception& error) {
         if (!isCancelled(error))
             lab.reportNotDone(whyNotSaved(lab.desktop.files, name, error));
@@ -224,7 +243,7 @@ void PasteImage(Lab& lab, Integer panel) {
     const std::optional<Bitmap> picture = pictureToPaste(lab.desktop.clipboard);
     if (!picture)
         return say(lab, "No Image Data on Clipboard");
-    const std::string file = lab.desktop.environment.variable("TMP") + "\\clipboard.bmp";
+    const std::string file = clipboardFile(lab);
     try {
         lab.desktop.pictures.save(*picture, file);
     } catch (const std::exception& error) {
@@ -232,6 +251,10 @@ void PasteImage(Lab& lab, Integer panel) {
                             shownPath(file));
     }
     LoadPanelImage(lab, imagePanelId(channelOfPanel(panel)), file);
+}
+
+std::string clipboardFile(const Lab& lab) {
+    return lab.desktop.environment.variable("TMP") + "\\clipboard.bmp";
 }
 
 void InvertPanel(Lab& lab, MaskPainter& masks, Integer panel, bool on) {
@@ -259,6 +282,7 @@ void dropImage(Lab& lab, Channel which, const std::string& file) {
     const LoadingBuffer buffer(lab, loadPicture(lab, file));
     paintStretched(lab.imagePanel(which), buffer.picture());
     lab.channel(which).file = file;
+    noteFileShown(lab, which, Placing::Stretched);
     recalculate(lab, which);
 }
 

@@ -16,6 +16,11 @@ namespace quillon {
 // reloads and saves open no dialog when they fail: the strip says what was not
 // done and why. A cancelled dialog is no failure.
 
+/// Loads a picture file into a channel as a script does: laid unscaled at the top
+/// left, without a transform. The error of a file that cannot be read goes to the
+/// caller; the channel then has the file's name and still shows the image before.
+void loadImageFile(Lab& lab, Channel which, const std::string& file);
+
 /// Loads a picture file into a channel; without a file it asks for one. A failed
 /// load changes nothing in the channel.
 void LoadPanelImage(Lab& lab, Integer panel, const std::string& file);
@@ -44,6 +49,9 @@ void CopyPanelImage(Lab& lab, Integer panel);
 /// folder TMP, which stays the channel's file. One dialog, and no change of the
 /// channel, where there is no picture or the file cannot be written.
 void PasteImage(Lab& lab, Integer panel);
+
+/// The file through which a picture comes from the clipboard.
+std::string clipboardFile(const Lab& lab);
 
 /// Inverts a panel and records the flag. On an image panel the pixels flip
 /// whichever way `on` points; the two others are redrawn with the flag in force.

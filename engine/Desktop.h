@@ -235,6 +235,9 @@ public:
     virtual void moveFolder(const std::string& from, const std::string& to) = 0;
     /// Removes a folder with all that it holds, and links without what they lead to.
     virtual void removeFolder(const std::string& path) = 0;
+    /// Makes an empty file; false where something of that name, in any case of
+    /// letters, is there already. Of two programs at once one alone gets true.
+    virtual bool createFile(const std::string& path) = 0;
     /// File names (no folders) in `folder` that match one of the patterns of a
     /// list such as "*.bmp;*.gif", in any case of letters, sorted by name. "*.*" is every file.
     virtual std::vector<std::string> list(const std::string& folder,

@@ -235,6 +235,21 @@ void NativeFiles::removeFolder(const std::string& path) {
         throw systemError(error.value(), native);
 }
 
+bool NativeFiles::createFile(const std::string& path) {
+    const std::string native = foundPath(path);
+    constexpr mode_t kEverybodyButTheMask = 0666;
+    const OpenFile file(::open(native.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                               kEverybodyButTheMask));
+    if (file.descriptor() >= 0)
+        return true;
+    const int code = errno;
+    if (code == EEXIST)
+        return false;
+    // Nothing found can only mean the folder above.
+    throw code == ENOENT || code == ENOTDIR ? RunTimeError(ErrorNumber::PathNotFound)
+                                            : systemError(code, native);
+}
+
 std::vector<std::string> NativeFiles::list(const std::string& folder, const std::string& patterns) {
     const std::string native = foundPath(folder);
     std::vector<std::string> names;

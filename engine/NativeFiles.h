@@ -24,6 +24,7 @@ public:
     /// The folder outlives a failure of the power under its new name.
     void moveFolder(const std::string& from, const std::string& to) override;
     void removeFolder(const std::string& path) override;
+    bool createFile(const std::string& path) override;
     /// Names that begin with a point are hidden here and left out. The order is
     /// that of the names without regard to case.
     std::vector<std::string> list(const std::string& folder, const std::string& patterns) override;

@@ -128,6 +128,7 @@ public:
     void createFolder(const std::string& /*path*/) override {}
     void moveFolder(const std::string& /*from*/, const std::string& /*to*/) override {}
     void removeFolder(const std::string& /*path*/) override {}
+    bool createFile(const std::string& /*path*/) override { return true; }
     std::vector<std::string> list(const std::string& /*folder*/,
                                   const std::string& /*patterns*/) override {
         return {};

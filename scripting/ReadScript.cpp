@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "app/image_io.h"
 #include "engine/NativePaths.h"
 #include "engine/NumberText.h"
 #include "engine/RunTimeError.h"
@@ -172,7 +173,7 @@ void ScriptRun::showTitle(Integer /*unused*/) {
 void ScriptRun::loadImage(Integer /*unused*/) {
     const std::string path = inFolder(lab_.folders.ImagePath, argument_);
     if (FileExists(lab_.desktop.files, path)) {
-        lab_.channel(section_).LoadImageFile(path);
+        loadImageFile(lab_, section_, path);
         lab_.fileLoaded(section_);
         return;
     }

@@ -24,12 +24,14 @@ void SessionScript::begin() {
 
 void SessionScript::write(const std::string& title) {
     Files& files = lab_.desktop.files;
+    // The pictures first: another lab may close while they are saved.
+    const std::string text = prepareScript(lab_, title);
     const std::string found = textOf(files, path());
     // A copy, so that there is a whole session script at every moment.
     if (!found.empty() && found != known_)
         files.copy(path(), lab_.folders.ScriptPath + "earlier.ftscr");
-    WriteScript(lab_, path(), title);
-    known_ = textOf(files, path());
+    files.write(path(), text);
+    known_ = text;
 }
 
 }  // namespace quillon

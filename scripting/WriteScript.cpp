@@ -1,16 +1,31 @@
 #include "scripting/WriteScript.h"
 
-#include <array>
+#include <algorithm>
+#include <limits>
+#include <optional>
+#include <vector>
 
+#include "app/image_source.h"
 #include "engine/NumberText.h"
 #include "engine/Numbers.h"
 #include "engine/mFFTUTIL.h"
+#include "scripting/script_text.h"
 
 namespace quillon {
 
 namespace {
 
 constexpr const char* kLineEnd = "\r\n";
+
+/// What a script says of a channel's image.
+struct NamedImage {
+    /// The file behind LOAD1.
+    std::string file;
+    bool inverted = false;
+};
+
+/// By channel. One that is left out of the script has none.
+using NamedImages = std::array<std::optional<NamedImage>, 2>;
 
 std::string twoDigits(int number) {
     const std::string digits = std::to_string(number % 100);
@@ -23,31 +38,61 @@ std::string stampOf(const LocalTime& time) {
            twoDigits(time.hour) + twoDigits(time.minute);
 }
 
-struct CompanionNames {
-    const char* stamped;
-    const char* fixed;
-};
-
-constexpr CompanionNames companionNames(Channel which) {
-    return which == Channel::One ? CompanionNames{"t.bmp", "last1.bmp"}
-                                 : CompanionNames{"b.bmp", "last2.bmp"};
-}
-
-/// A channel without a file is written only where it has something to show.
-bool needsCompanion(const Lab& lab, Channel which) {
-    return lab.channel(which).file.empty() && !lab.imagePanel(which).Tag.empty();
-}
-
-/// Gives a drawn or computed picture the file that a LOAD1 line can name.
-void saveCompanion(Lab& lab, Channel which, const std::string& stamp, const std::string& title) {
-    std::string& file = lab.channel(which).file;
-    if (!needsCompanion(lab, which))
-        return;
-    const CompanionNames names = companionNames(which);
+/// The name of a picture that is saved with a script.
+CountedName companionName(const Lab& lab, Channel which, const std::string& title) {
+    const bool first = which == Channel::One;
     // The title decides, not the path: the session's own script has another
-    // title, so its pictures get stamped names and are never overwritten.
-    file = lab.folders.ImagePath + (title == "last.ftscr" ? names.fixed : stamp + names.stamped);
-    lab.desktop.pictures.save(lab.imagePanel(which).Image(), file);
+    // title, so its pictures get stamped names.
+    if (title == "last.ftscr" && lab.channel(which).file.empty())
+        return {lab.folders.ImagePath + (first ? "last1" : "last2"), ".bmp"};
+    return {lab.folders.ImagePath + stampOf(lab.desktop.environment.now()),
+            first ? "t.bmp" : "b.bmp"};
+}
+
+/// Saves a channel's image and gives the file. A channel without a file takes it
+/// as its own; one that has a file keeps that for its next reload.
+std::string keepImage(Lab& lab, Channel which, const std::string& title, KeepFor time) {
+    const Bitmap image = imageOf(lab, which);
+    const CountedName name = companionName(lab, which, title);
+    std::string& file = lab.channel(which).file;
+    const bool adopts = file.empty() && time == KeepFor::Good;
+    if (adopts) {
+        // The name comes before the saving, and stays where that fails.
+        file = name.number(1);
+        noteImageWithoutFile(lab, which);
+    }
+    std::string kept = lab.keptPictures.keep(lab.desktop, which, image, name, time);
+    if (adopts) {
+        file = kept;
+        lab.origin(which) = {kept, Placing::Laid, image};
+    }
+    return kept;
+}
+
+std::optional<NamedImage> nameImage(Lab& lab, Channel which, const std::string& title,
+                                    KeepFor time) {
+    // A snapshot does not read the files again: that may take a large one a while.
+    const FileCheck check = time == KeepFor::Good ? FileCheck::Holds : FileCheck::Exists;
+    const ImageSource source = imageSource(lab, which);
+    if (source == ImageSource::Nothing)
+        return std::nullopt;
+    if (source == ImageSource::Copy || !fileIsIntact(lab, which, check))
+        return NamedImage{keepImage(lab, which, title, time)};
+    return NamedImage{lab.channel(which).file, source == ImageSource::InvertedFile};
+}
+
+/// The reader makes points of the commas in a path. A file of the image folder has
+/// a second name without them: the bare one, which the reader looks for there.
+std::string nameForReader(const Lab& lab, const std::string& file) {
+    const std::string bare = FileNamePart(file);
+    const bool mayBeBare = lab.folders.ImagePath + bare == file && withPointsAndBlanks(bare) == bare;
+    return mayBeBare && withPointsAndBlanks(file) != file ? bare : file;
+}
+
+/// The reader has whole radii of 16 bits.
+std::string radiusText(Single radius) {
+    using Limits = std::numeric_limits<Integer>;
+    return plainText(toInteger(std::clamp<Single>(radius, Limits::min(), Limits::max())));
 }
 
 std::string maskRows(const clComplexImage& channel) {
@@ -63,16 +108,15 @@ std::string maskRows(const clComplexImage& channel) {
     return rows;
 }
 
-std::string channelLines(const clComplexImage& channel) {
-    const std::string radius =
-        channel.bLowpass || channel.bHighpass ? plainText(toInteger(channel.filter_rad)) : "";
-    std::string lines = "LOAD1\t" + channel.file + kLineEnd;
-    if (channel.GetInvert(0))
+std::string channelLines(const Lab& lab, Channel which, const NamedImage& image) {
+    const clComplexImage& channel = lab.channel(which);
+    std::string lines = "LOAD1\t" + nameForReader(lab, image.file) + kLineEnd;
+    if (image.inverted)
         lines += std::string("INVERT1") + kLineEnd;
     if (channel.bLowpass)
-        lines += "LOWPASS\t" + radius + kLineEnd;
+        lines += "LOWPASS\t" + radiusText(channel.filter_rad) + kLineEnd;
     if (channel.bHighpass)
-        lines += "HIGHPASS\t" + radius + kLineEnd;
+        lines += "HIGHPASS\t" + radiusText(channel.filter_rad) + kLineEnd;
     if (channel.bMask)
         lines += "MASK\t" + plainText(channel.nmask) + kLineEnd + maskRows(channel);
     if (channel.GetInvert(1))
@@ -82,33 +126,57 @@ std::string channelLines(const clComplexImage& channel) {
     return lines;
 }
 
+std::string scriptText(const Lab& lab, const NamedImages& images, const std::string& title) {
+    std::string text;
+    if (images[0])
+        text += "TITLE\t" + title + kLineEnd + channelLines(lab, Channel::One, *images[0]);
+    if (images[1])
+        text += std::string("BOTTOM") + kLineEnd + channelLines(lab, Channel::Two, *images[1]);
+    return text;
+}
+
+NamedImages nameImages(Lab& lab, const std::string& title, KeepFor time) {
+    return {nameImage(lab, Channel::One, title, time), nameImage(lab, Channel::Two, title, time)};
+}
+
 }  // namespace
 
 void WriteScript(Lab& lab, const std::string& path, const std::string& title) {
-    const std::string stamp = stampOf(lab.desktop.environment.now());
-    saveCompanion(lab, Channel::One, stamp, title);
-    saveCompanion(lab, Channel::Two, stamp, title);
-    std::string lines;
-    if (!lab.channel1.file.empty()) {
-        lines += "TITLE\t" + (title.empty() ? FileNamePart(path) : title) + kLineEnd;
-        lines += channelLines(lab.channel1);
-    }
-    if (!lab.channel2.file.empty())
-        lines += std::string("BOTTOM") + kLineEnd + channelLines(lab.channel2);
-    lab.desktop.files.write(path, lines);
+    const NamedImages images = nameImages(lab, title, KeepFor::Good);
+    lab.desktop.files.write(path,
+                            scriptText(lab, images, title.empty() ? FileNamePart(path) : title));
+}
+
+std::string prepareScript(Lab& lab, const std::string& title) {
+    return scriptText(lab, nameImages(lab, title, KeepFor::Good), title);
 }
 
 void writeSnapshot(Lab& lab, const std::string& path, const std::string& title) {
-    WriteScript(lab, path, title);
+    const NamedImages images = nameImages(lab, title, KeepFor::Snapshot);
+    lab.desktop.files.write(path, scriptText(lab, images, title));
+    std::vector<std::string> named;
+    for (const std::optional<NamedImage>& image : images)
+        if (image)
+            named.push_back(image->file);
+    lab.keptPictures.removeUnnamed(lab.desktop, named);
+}
+
+void endSnapshots(Lab& lab) {
+    lab.keptPictures.removeUnnamed(lab.desktop, {});
 }
 
 SessionContent sessionContent(const Lab& lab) {
     SessionContent content;
+    NamedImages images;
     for (const Channel which : {Channel::One, Channel::Two}) {
-        content.lines += channelLines(lab.channel(which));
-        if (needsCompanion(lab, which))
-            content.pictures[static_cast<std::size_t>(which)] = lab.imagePanel(which).Image();
+        const auto at = static_cast<std::size_t>(which);
+        const ImageSource source = imageSource(lab, which);
+        if (source == ImageSource::Copy)
+            content.pictures[at] = imageOf(lab, which);
+        if (source != ImageSource::Nothing)
+            images[at] = NamedImage{lab.channel(which).file, source == ImageSource::InvertedFile};
     }
+    content.lines = scriptText(lab, images, "");
     return content;
 }
 

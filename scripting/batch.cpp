@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "app/image_io.h"
+#include "app/image_source.h"
 #include "app/not_done.h"
 #include "engine/RunTimeError.h"
 #include "engine/mFFTUTIL.h"
@@ -98,7 +99,8 @@ public:
 private:
     void processAll();
     void process(std::size_t i);
-    void takeImage(const std::string& path);
+    enum class Decoded { No, Yes };
+    void takeImage(const std::string& path, Decoded decoded);
     void makeMontage(const std::string& path);
     void finish();
     template <class Save>
@@ -158,14 +160,16 @@ void BatchRun::process(std::size_t i) {
     const std::string path = folder_ + window_.File1.List[i];
     for (PictureBox* panel : {&lab_.pb1, &lab_.pb2, &lab_.pb3})
         panel->Cls();
+    Decoded decoded = Decoded::No;
     try {
         decoded_ = lab_.desktop.pictures.load(path);
+        decoded = Decoded::Yes;
     } catch (const std::exception& error) {
         lab_.reportNotDone(whyNotLoaded(lab_.desktop.files, path, error));
     }
     window_.fr2.Caption = "Image " + std::to_string(i + 1) + " of " +
                           std::to_string(window_.File1.List.size()) + " ...";
-    takeImage(path);
+    takeImage(path, decoded);
     skipFailure([&] { lab_.channel1.runFOURN(1, 0); });
     // Whatever command the user gave meanwhile, its report is to be read.
     lab_.keepReport();
@@ -176,7 +180,7 @@ void BatchRun::process(std::size_t i) {
     makeMontage(path);
 }
 
-void BatchRun::takeImage(const std::string& path) {
+void BatchRun::takeImage(const std::string& path, Decoded decoded) {
     // Where no picture was ever decoded, the empty one shows: the panel's former
     // picture has no business under a file's name.
     skipFailure([&] {
@@ -187,6 +191,10 @@ void BatchRun::takeImage(const std::string& path) {
     });
     lab_.channel1.file = path;
     lab_.channel1.nmask = 0;
+    if (decoded == Decoded::Yes)
+        noteFileShown(lab_, Channel::One, Placing::Stretched);
+    else
+        noteImageWithoutFile(lab_, Channel::One);
     lab_.ClearChannelTags(1);
     yield();
 }

@@ -150,7 +150,8 @@ Form1::Form1(Desktop& desktop_, const Folders& folders)
           .mem = mem,
           .img = img,
           .lbSTB = {&find<Label>("lbSTB", 0), &find<Label>("lbSTB", 1), &find<Label>("lbSTB", 2)},
-          .dimmed = [this] { return Tag == "DIM"; }} {
+          .dimmed = [this] { return Tag == "DIM"; },
+          .profiling = [this] { return Line1(0).Visible || Line1(1).Visible; }} {
     mem.setAutoRedraw(true);
     mem.AutoSize = true;
     img.setAutoRedraw(true);

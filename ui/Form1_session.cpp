@@ -1,6 +1,7 @@
 #include <exception>
 #include <utility>
 
+#include "app/image_io.h"
 #include "engine/mFFTUTIL.h"
 #include "scripting/session_rescue.h"
 #include "ui/Form1.h"
@@ -74,8 +75,8 @@ std::string startScript(Desktop& desktop) {
 }
 
 void showSamples(Lab& lab) {
-    lab.channel1.LoadImageFile(lab.folders.ImagePath + "Halvard-Image1.jpg");
-    lab.channel2.LoadImageFile(lab.folders.ImagePath + "Halvard-Image2.jpg");
+    loadImageFile(lab, Channel::One, lab.folders.ImagePath + "Halvard-Image1.jpg");
+    loadImageFile(lab, Channel::Two, lab.folders.ImagePath + "Halvard-Image2.jpg");
     lab.channel1.CalculateAll();
     lab.channel2.CalculateAll();
 }

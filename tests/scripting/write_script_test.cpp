@@ -60,7 +60,7 @@ TEST_F(WriteScripts, HoldTheLinesOfAChannelInAFixedOrder) {
     EXPECT_EQ(write(), "TITLE\tT\r\nLOAD1\ta\r\n" + lines + "BOTTOM\r\nLOAD1\tb\r\n" + lines);
 }
 
-TEST_F(WriteScripts, RoundTheRadiusToAWholeNumber) {
+TEST_F(WriteScripts, RoundTheRadiusToAWholeNumberThatTheReaderHolds) {
     one.file = "a";
     one.SetFilterFT(2);
     for (const auto& [radius, text] :
@@ -73,8 +73,16 @@ TEST_F(WriteScripts, RoundTheRadiusToAWholeNumber) {
         one.filter_rad = radius;
         EXPECT_EQ(write(), "TITLE\tT\r\nLOAD1\ta\r\nLOWPASS\t" + text + "\r\n");
     }
-    one.filter_rad = 40000;
-    EXPECT_EQ(errorOf([&] { write(); }), ErrorNumber::Overflow);
+    one.bHighpass = true;
+    one.SetInvert(2, true);
+    two.file = "b";
+    for (const auto& [radius, text] : std::vector<std::pair<Single, std::string>>{
+             {32767.6F, "32767"}, {40000, "32767"}, {3e38F, "32767"}, {-40000, "-32768"}}) {
+        one.filter_rad = radius;
+        EXPECT_EQ(write(), "TITLE\tT\r\nLOAD1\ta\r\nLOWPASS\t" + text + "\r\nHIGHPASS\t" + text +
+                               "\r\nINVERT3\r\nBOTTOM\r\nLOAD1\tb\r\n")
+            << "what no script can hold is cut, and the rest is written";
+    }
 }
 
 TEST_F(WriteScripts, WriteEmptyMasksAsMaskZero) {

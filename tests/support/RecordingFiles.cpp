@@ -215,6 +215,14 @@ void RecordingFiles::removeFolder(const std::string& path) {
     std::erase_if(folders_, [&](const std::string& entry) { return isWithin(entry, folder); });
 }
 
+bool RecordingFiles::createFile(const std::string& path) {
+    log_.add("files.createFile(" + path + ")");
+    if (exists(path) || knowsFolder(normal(path)))
+        return false;
+    fileToWrite(path);
+    return true;
+}
+
 std::vector<std::string> RecordingFiles::list(const std::string& folder,
                                               const std::string& patterns) {
     log_.add("files.list(" + folder + ", " + patterns + ")");

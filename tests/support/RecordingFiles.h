@@ -61,6 +61,7 @@ public:
     void createFolder(const std::string& path) override;
     void moveFolder(const std::string& from, const std::string& to) override;
     void removeFolder(const std::string& path) override;
+    bool createFile(const std::string& path) override;
     std::vector<std::string> list(const std::string& folder, const std::string& patterns) override;
     void copy(const std::string& from, const std::string& to) override;
     void remove(const std::string& path) override;

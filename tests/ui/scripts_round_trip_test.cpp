@@ -40,7 +40,10 @@ protected:
     /// A state that a script can hold: radii of whole numbers and a half, as the
     /// ring makes of whole numbers, and masks anywhere.
     void makeRandom(Channel which) {
-        channel(which).file = below(2) == 0 ? sample1 : sample2;
+        channel(which).SetInvert(0, false);
+        form.LoadPanelImage(imagePanelId(which), below(2) == 0 ? sample1 : sample2);
+        if (below(2) == 0)
+            form.InvertPanel(imagePanelId(which), true);
         clickFilter(which, toInteger(9 + below(4)));
         if (channel(which).bRing)
             form.SetFilterRing(static_cast<Integer>(which), static_cast<Single>(2 * below(60)));
@@ -48,7 +51,7 @@ protected:
             for (int i = below(20); i > 0; --i)
                 channel(which).AddMask(toInteger(below(256)), toInteger(below(256)),
                                        toInteger(below(400) - 100), toInteger(below(400) - 100));
-        for (Integer kind = 0; kind < 3; ++kind)
+        for (Integer kind = 1; kind < 3; ++kind)
             channel(which).SetInvert(kind, below(2) == 0);
     }
 
