@@ -79,7 +79,7 @@ ImageSource imageSource(const Lab& lab, Channel which) {
     const Bitmap image = imageOf(lab, which);
     if (channel.file.empty())
         return lab.imagePanel(which).Tag.empty() && isBlack(image) ? ImageSource::Nothing
-                                                                    : ImageSource::Copy;
+                                                                   : ImageSource::Copy;
     const bool inverted = channel.GetInvert(0);
     const ImageOrigin& origin = lab.origin(which);
     if (origin.file != channel.file)

@@ -85,7 +85,8 @@ std::optional<NamedImage> nameImage(Lab& lab, Channel which, const std::string& 
 /// a second name without them: the bare one, which the reader looks for there.
 std::string nameForReader(const Lab& lab, const std::string& file) {
     const std::string bare = FileNamePart(file);
-    const bool mayBeBare = lab.folders.ImagePath + bare == file && withPointsAndBlanks(bare) == bare;
+    const bool mayBeBare =
+        lab.folders.ImagePath + bare == file && withPointsAndBlanks(bare) == bare;
     return mayBeBare && withPointsAndBlanks(file) != file ? bare : file;
 }
 

@@ -88,8 +88,7 @@ void Form1::RunTutorialScript(const std::string& path) {
 }
 
 void Form1::ShowHelp(Integer /*id*/) {
-    reportUnopened(lab,
-                   desktop.shell.execute("hh.exe", helpPage(helpFile, languageOf(lab)), "0"),
+    reportUnopened(lab, desktop.shell.execute("hh.exe", helpPage(helpFile, languageOf(lab)), "0"),
                    "the help is not here", "no program shows the help");
 }
 

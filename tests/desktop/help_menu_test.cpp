@@ -154,7 +154,8 @@ TEST_F(HelpMenu, AMissingHelpIsSaidToBeMissing) {
 class HelpMenuOnTheDesktop : public OpenedWindow {
 protected:
     void SetUp() override {
-        lab = std::make_unique<LabWindow>(onTheDesktop, services.screen, nullptr, browser);
+        lab = std::make_unique<LabWindow>(onTheDesktop, services.screen, nullptr,
+                                          BrowserSource{browser});
         Main(onTheDesktop, *lab);
         settle();
     }

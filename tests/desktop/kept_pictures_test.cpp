@@ -43,9 +43,9 @@ protected:
     /// Pictures of the image folder with a stamp in their names, hidden and empty
     /// files too.
     QStringList stamped() {
-        return folder("Images").entryList({QStringLiteral("*_*t.bmp"), QStringLiteral("*_*b.bmp"),
-                                           QStringLiteral(".*")},
-                                          QDir::Files | QDir::Hidden);
+        return folder("Images").entryList(
+            {QStringLiteral("*_*t.bmp"), QStringLiteral("*_*b.bmp"), QStringLiteral(".*")},
+            QDir::Files | QDir::Hidden);
     }
     /// Closes the window and loads the session's script into a new one by the menu.
     Panels panelsOfTheNextSession() {

@@ -94,7 +94,8 @@ TEST_F(ProgramEnd, ByAKillInTheMidstOfItsClosingLeavesWholeFiles) {
         const std::string text = read(script);
         EXPECT_TRUE(text.empty() || text.ends_with("Halvard-Image1.jpg\r\n")) << text;
         const QDir pictures(path("Quillon/Images"));
-        for (const QFileInfo& picture : pictures.entryInfoList({QStringLiteral("[0-9]*_[0-9]*.bmp")}))
+        for (const QFileInfo& picture :
+             pictures.entryInfoList({QStringLiteral("[0-9]*_[0-9]*.bmp")}))
             EXPECT_EQ(picture.size(), 54 + 3 * 256 * 256) << toBytes(picture.fileName());
     }
 }

@@ -39,8 +39,8 @@ protected:
     ScriptBench bench;
     clComplexImage& one = bench.channel1;
     clComplexImage& two = bench.channel2;
-    const std::string plainScript = "TITLE\tT\r\nLOAD1\t" + kImages + "a.bmp\r\nBOTTOM\r\nLOAD1\t" +
-                                    kImages + "b.jpg\r\n";
+    const std::string plainScript =
+        "TITLE\tT\r\nLOAD1\t" + kImages + "a.bmp\r\nBOTTOM\r\nLOAD1\t" + kImages + "b.jpg\r\n";
 };
 
 TEST_F(KeptImages, AnImageThatShowsItsFileIsWrittenAsThatFile) {

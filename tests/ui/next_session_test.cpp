@@ -141,8 +141,8 @@ TEST_F(NextSession, ShowsAnInvertedFileWithoutACopy) {
     clickImage(Channel::Two, kInvertEntry);
     clickImage(Channel::Two, kInvertEntry);
     expectTheSameInTheNextSession();
-    EXPECT_EQ(last(), "TITLE\tLast Images\r\nLOAD1\t" + sample1 + "\r\nINVERT1\r\nBOTTOM\r\nLOAD1\t" +
-                          sample2 + "\r\n");
+    EXPECT_EQ(last(), "TITLE\tLast Images\r\nLOAD1\t" + sample1 +
+                          "\r\nINVERT1\r\nBOTTOM\r\nLOAD1\t" + sample2 + "\r\n");
     EXPECT_TRUE(desktop.pictures.saved.empty());
 }
 
@@ -212,8 +212,8 @@ TEST_F(NextSession, NamesTheFileThatAReloadedImageShows) {
     clickImage(Channel::Two, 0);
     form.unload();
     EXPECT_TRUE(desktop.pictures.saved.empty());
-    EXPECT_EQ(last(), "TITLE\tLast Images\r\nLOAD1\t" + sample1 + "\r\nBOTTOM\r\nLOAD1\t" + sample2 +
-                          "\r\nINVERT1\r\n");
+    EXPECT_EQ(last(), "TITLE\tLast Images\r\nLOAD1\t" + sample1 + "\r\nBOTTOM\r\nLOAD1\t" +
+                          sample2 + "\r\nINVERT1\r\n");
 }
 
 TEST_F(NextSession, NamesTheFileThatAnImageWasSavedOver) {
