@@ -94,8 +94,7 @@ std::string upperCasedEnd(const std::string& file, std::size_t length) {
 std::optional<std::string> bitmapName(const std::string& file) {
     if (upperCasedEnd(file, 4) == ".BMP")
         return file;
-    const auto folder = file.find_last_of("\\/");
-    const auto point = file.find('.', folder == std::string::npos ? 0 : folder);
+    const auto point = file.find('.', file.size() - lastName(file).size());
     if (point == std::string::npos)
         return std::nullopt;
     return file.substr(0, point) + ".bmp";

@@ -16,24 +16,16 @@ ErrorNumber numberOf(const std::exception& error) {
     return known == nullptr ? ErrorNumber{} : known->number();
 }
 
-std::size_t behindFolder(const std::string& path) {
-    const auto last = path.find_last_of("\\/");
-    return last == std::string::npos ? 0 : last + 1;
-}
-
 bool isFolder(Files& files, const std::string& path) {
     return FolderExists(files, AddBackslash(path));
 }
 
 std::string folderNotFound(const std::string& path) {
-    return "folder not found: " + shownPath(path.substr(0, behindFolder(path)));
+    const std::string folder = path.substr(0, path.size() - lastName(path).size());
+    return "folder not found: " + shownPath(folder.empty() ? path : folder);
 }
 
 }  // namespace
-
-std::string shownName(const std::string& path) {
-    return shownPath(path.substr(behindFolder(path)));
-}
 
 bool isCancelled(const std::exception& error) {
     return numberOf(error) == ErrorNumber::DialogCancelled;
@@ -48,7 +40,7 @@ std::string whyNotSaved(Files& files, const std::string& path, const std::except
             // The system gives the same error for three reasons.
             if (isFolder(files, path))
                 return begin + "a folder has this name";
-            if (shownName(path).size() > kLongestName)
+            if (lastName(path).size() > kLongestName)
                 return begin + "the name is too long";
             return begin + "no right to write here";
         case ErrorNumber::DiskFull:
@@ -66,7 +58,7 @@ std::string whyNotSaved(Files& files, const std::string& path, const std::except
 }
 
 std::string whyNotLoaded(Files& files, const std::string& path, const std::exception& error) {
-    const std::string name = shownName(path);
+    const std::string name = lastName(path);
     switch (numberOf(error)) {
         case ErrorNumber::InvalidPicture:
             return "not a picture: " + name;

@@ -26,9 +26,6 @@ std::string whyNotListed(const std::string& folder, const std::exception& error)
 void reportUnopened(Lab& lab, Opening outcome, const std::string& missing,
                     const std::string& noProgram);
 
-/// The name of a file without its folder, as the desktop writes it.
-std::string shownName(const std::string& path);
-
 /// True for a dialog that the user has cancelled, which is no failure.
 bool isCancelled(const std::exception& error);
 

@@ -15,10 +15,8 @@ constexpr std::array<std::string_view, 3> kOtherPictures = {".JPG", ".JPEG", ".G
 
 /// Where the suffix of a name begins, with its point; the end of a name that has none.
 std::size_t suffixOf(const std::string& path) {
-    const auto folder = path.find_last_of("\\/");
     const auto point = path.rfind('.');
-    const bool inName =
-        point != std::string::npos && (folder == std::string::npos || point > folder);
+    const bool inName = point != std::string::npos && point >= path.size() - lastName(path).size();
     return inName ? point : path.size();
 }
 

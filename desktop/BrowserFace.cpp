@@ -94,6 +94,8 @@ void BrowserFace::followState() {
     if (shownRequest_ != browser_.Requests) {
         shownRequest_ = browser_.Requests;
         pane_->navigate(pageOf(browser_.Address));
+        // The plain reader keeps its page where the one asked for opens outside.
+        browser_.Location = addressOf(pane_->page());
     }
 }
 

@@ -145,8 +145,8 @@ void ControlFace::enterDrag(const QDropEvent& event) {
 }
 
 void ControlFace::answerDrag(QDropEvent& event) const {
-    // The lab only reads. A source that is told of a move deletes its file, and
-    // one that can do nothing else is left with it.
+    // The lab only reads. A source whose move is accepted deletes its file; one
+    // that can only move is refused.
     event.setDropAction(Qt::CopyAction);
     event.setAccepted(wantsDrag_ && event.possibleActions().testFlag(Qt::CopyAction));
 }

@@ -21,7 +21,8 @@ int FrameWidget::captionRoom(int lineHeight) const {
         const auto* control = qobject_cast<const QWidget*>(child);
         if (control != nullptr && !control->isHidden() && control->y() < lineHeight &&
             control->x() > kCaptionLeft)
-            end = std::min(end, control->x() - kCaptionMargin);
+            // The gap in the frame's line reaches beyond the letters.
+            end = std::min(end, control->x() - 2 * kCaptionMargin);
     }
     return end - kCaptionLeft;
 }

@@ -48,7 +48,13 @@ void widenForTitle(QMessageBox& box) {
 std::string chosenFile(QFileDialog& box) {
     if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
         throw RunTimeError(ErrorNumber::DialogCancelled);
-    return toLabPath(QDir::cleanPath(box.selectedFiles().constFirst()));
+    QString name = box.selectedFiles().constFirst();
+    // In the toolkit's own dialog what is written in its line counts, whatever its
+    // list has marked.
+    if (const auto* line = box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        line != nullptr && box.acceptMode() == QFileDialog::AcceptSave && !line->text().isEmpty())
+        name = box.directory().absoluteFilePath(line->text());
+    return toLabPath(QDir::cleanPath(name));
 }
 
 /// The index of the filter in force, from 1.

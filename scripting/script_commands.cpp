@@ -67,7 +67,7 @@ void EditScriptCommand(Lab& lab) {
     try {
         name = askForScript(lab, Purpose::Open);
         reportUnopened(lab, lab.desktop.shell.execute("notepad.exe", name, FolderPart(name)),
-                       "file not found: " + shownName(name), "no program opens the script");
+                       "file not found: " + lastName(name), "no program opens the script");
     } catch (const std::exception& error) {
         if (!isCancelled(error))
             lab.reportNotDone(whyNotLoaded(lab.desktop.files, name, error));

@@ -20,6 +20,15 @@ QPoint whole(QPointF at) {
     return {static_cast<int>(std::floor(at.x())), static_cast<int>(std::floor(at.y()))};
 }
 
+/// A window that a test before has closed has asked the event loop to end, and no
+/// dialog would open any more: forgotten when a loop has ended by it.
+void forgetEarlierEnds() {
+    QTimer end;
+    QObject::connect(&end, &QTimer::timeout, qApp, [] { QCoreApplication::exit(); });
+    end.start(0);
+    QCoreApplication::exec();
+}
+
 }  // namespace
 
 OpenedWindow::OpenedWindow(Questions questions)
@@ -33,7 +42,9 @@ OpenedWindow::OpenedWindow(Questions questions)
               services.screen,
               services.environment,
               services.store,
-              services.files} {}
+              services.files} {
+    forgetEarlierEnds();
+}
 
 void OpenedWindow::open() {
     const bool real = &desktop.dialogs == &services.dialogs;
@@ -47,6 +58,9 @@ void OpenedWindow::open() {
         lab->keepSessions();
     Main(desktop, *lab);
     settle();
+    // A test before may have left the button down.
+    if (QGuiApplication::mouseButtons().testFlag(Qt::LeftButton))
+        QTest::mouseRelease(window().windowHandle(), Qt::LeftButton, {}, {1, 1});
 }
 
 QWidget& OpenedWindow::widget(const char* name) {

@@ -15,7 +15,7 @@
 namespace quillon {
 
 /// Runs of the real program in a home of their own, each with a script that ends
-/// it at once. It has run before, as far as its settings tell, so that no message
+/// it at once. It has run before, as far as its settings show, so that no message
 /// waits for a user.
 class ProgramRun {
 public:

@@ -47,7 +47,11 @@ public:
             process_.waitForFinished(kStepMilliseconds);
         return reached();
     }
-    void signal(int number) { ::kill(static_cast<pid_t>(process_.processId()), number); }
+    void signal(int number) {
+        // Process 0 would be the whole group of this one.
+        if (const auto process = static_cast<pid_t>(process_.processId()); process > 0)
+            ::kill(process, number);
+    }
     /// The status with which it ends; -1 where something has killed it or it runs on.
     int status() {
         const bool ended = process_.waitForFinished(kLimitMilliseconds);

@@ -88,7 +88,8 @@ TEST_F(Deliveries, AHandlerThatFailsIsOverBeforeItsErrorIsTold) {
     });
     QCoreApplication::processEvents();
     application.resetEnding();
-    EXPECT_EQ(log, (Lines{"behind", "Run-time error '6':\nOverflow", "while it is told", "end"}));
+    EXPECT_EQ(log, (Lines{"behind", "Run-time error '6':\nOverflow\nThe program closes.",
+                          "while it is told", "end"}));
 }
 
 }  // namespace

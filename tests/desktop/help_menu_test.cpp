@@ -166,7 +166,7 @@ protected:
                          services.files};
 };
 
-TEST_F(HelpMenuOnTheDesktop, AReservedAddressIsToldInTheStripAndOpensNothing) {
+TEST_F(HelpMenuOnTheDesktop, AReservedAddressIsNamedInTheStripAndOpensNothing) {
     // The start has asked for the companion program's page.
     const std::string before = form().lbSTB(2).Caption;
     EXPECT_EQ(before.find("reserved"), std::string::npos) << before;

@@ -21,7 +21,7 @@ protected:
         for (const QRect& screen : screens)
             list += QByteArray(list.isEmpty() ? "" : ", ") +
                     QStringLiteral(
-                        "{\"name\": \"\", \"x\": %1, \"y\": %2, \"width\": %3, "
+                        "{\"name\": \"%1,%2\", \"x\": %1, \"y\": %2, \"width\": %3, "
                         "\"height\": %4, \"logicalDpi\": 96, "
                         "\"logicalBaseDpi\": 96, \"dpr\": 1}")
                         .arg(screen.x())

@@ -236,5 +236,21 @@ TEST_F(PlainReader, SendsPagesOfTheWebToTheUsersBrowserAndKeepsItsOwn) {
     EXPECT_EQ(titleShown(), QStringLiteral("First"));
 }
 
+TEST_F(PlainReader, ChangesTheLanguageOfItsOwnPageWhenAnotherHasOpenedOutside) {
+    const UrlCatcher catcher;
+    openWith(PaneKind::Reader);
+    for (const char* language : {"en", "fr"})
+        ASSERT_TRUE(QDir(home.path()).mkpath(QString::fromLatin1(language)));
+    writePage("en/first.htm", "First");
+    writePage("fr/first.htm", "Premiere");
+    showTutorial();
+    navigate("en/first.htm");
+    ASSERT_TRUE(waitForPage("First"));
+    form().ie5.Navigate2("https://127.0.0.1/");
+    ASSERT_EQ(recording.shell.addresses.back(), "https://127.0.0.1/");
+    form().click(MenuArray::itmOpt1, 1);
+    EXPECT_TRUE(waitForPage("Premiere"));
+}
+
 }  // namespace
 }  // namespace quillon

@@ -122,7 +122,8 @@ TEST_F(GridPatternEntry, WhereTheImageCannotBeTakenThePatternStaysOnThePanel) {
     desktop.dialogs.answerInput("1.10");
     choose(Channel::One);
     ASSERT_EQ(desktop.dialogs.messages.size(), 1U);
-    EXPECT_TRUE(desktop.dialogs.messages[0].text.starts_with("Error: "));
+    EXPECT_TRUE(desktop.dialogs.messages[0].text.starts_with("Not pasted"))
+        << desktop.dialogs.messages[0].text;
     EXPECT_EQ(form.pb1.Image(), *desktop.clipboard.content);
 }
 

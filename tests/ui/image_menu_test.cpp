@@ -51,9 +51,13 @@ TEST_F(ImageMenu, ReloadImageBringsTheFileBack) {
     }
 }
 
-TEST_F(ImageMenu, ReloadWithoutAFileFailsAtTheHandler) {
+TEST_F(ImageMenu, ReloadWithoutAFileSaysSoInTheStripAndChangesNothing) {
     form.lab.channel2.file.clear();
-    EXPECT_EQ(errorOf([&] { click(Channel::Two, 0); }), ErrorNumber::InvalidPicture);
+    const Bitmap before = image(Channel::Two).Image();
+    click(Channel::Two, 0);
+    EXPECT_EQ(status(2), "no file to reload");
+    EXPECT_EQ(image(Channel::Two).Image(), before);
+    EXPECT_TRUE(desktop.dialogs.messages.empty());
 }
 
 TEST_F(ImageMenu, LoadImageAsksAndLoadsIntoItsOwnChannel) {

@@ -54,7 +54,7 @@ TEST_F(PointerReadout, TheFtReadOutShowsItsFileAtOnce) {
     EXPECT_EQ(shown(form.lbSTB(0)), 1);
 }
 
-TEST_F(PointerReadout, AFileIsToldByItsNameAloneHoweverItsScriptWritesThePath) {
+TEST_F(PointerReadout, AFileIsShownByItsNameAloneHoweverItsScriptWritesThePath) {
     const Bitmap picture = form.pb1.Image();
     for (const std::string path : {"/home/a b/cat.bmp", "\\home\\a b\\cat.bmp", "C:\\a\\cat.bmp",
                                    "/home/a/.config\\Images\\cat.bmp", "sub/cat.bmp"}) {

@@ -67,13 +67,15 @@ TEST_F(LanguageOfThePage, ChangesTheLanguageOfAnInteractivePage) {
 }
 
 TEST_F(LanguageOfThePage, LeadsToTheStartPageWhereThereIsNoOther) {
-    for (const char* page :
-         {"", "C:\\Quillon\\doc\\en\\alone.htm", "C:\\Quillon\\doc\\help\\index.html", "D:\\fr",
-          "C:\\mine.htm", "https://www.brindlewood.example/en/index.html", "mine.htm",
-          "en\\mine.htm", "C:\\Quillon\\Lib\\Ondine2.html"}) {
+    for (const char* page : {"", "C:\\Quillon\\doc\\help\\index.html", "D:\\fr", "C:\\mine.htm",
+                             "https://www.brindlewood.example/en/index.html", "mine.htm",
+                             "en\\mine.htm", "C:\\Quillon\\Lib\\Ondine2.html"}) {
         EXPECT_EQ(from(page, Language::French), kDoc + "fr\\sommaire.htm") << page;
         EXPECT_EQ(from(page, Language::English), kDoc + "en\\summary.htm") << page;
     }
+    const std::string alone = kDoc + "en\\alone.htm";
+    EXPECT_EQ(from(alone, Language::French), kDoc + "fr\\sommaire.htm");
+    EXPECT_EQ(from(alone, Language::English), alone) << "it is in that language";
 }
 
 TEST_F(LanguageOfThePage, AlreadyInForceLoadsItsPageAgain) {
