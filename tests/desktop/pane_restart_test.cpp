@@ -126,7 +126,9 @@ protected:
     }
     /// Waits until a page answers, from a process of its own, and its picture is there.
     bool comesBack(const char* title) {
-        return ask(QStringLiteral("document.title")) == QString::fromLatin1(title) &&
+        return wait([&] {
+                   return ask(QStringLiteral("document.title")) == QString::fromLatin1(title);
+               }) &&
                waitForPage(title);
     }
     PageServer server;
