@@ -83,10 +83,9 @@ TEST_F(PointerReadout, PositionsRoundHalfToEven) {
 TEST_F(PointerReadout, ACapturedMoveLeftOfAnFtPanelOrAboveItLeavesTheReadOutAsItWas) {
     over(form.pb5, 10, 20);
     const std::string before = status(1);
-    for (const auto& [x, y] : {std::pair{-1, 5}, {-400, 5}, {5, -1}, {5, -400}}) {
-        EXPECT_EQ(errorOf([&] {
-                      over(form.pb5, static_cast<Single>(x), static_cast<Single>(y), kLeftButton);
-                  }),
+    for (const std::pair<Single, Single> at :
+         {std::pair{-1.0F, 5.0F}, {-400.0F, 5.0F}, {5.0F, -1.0F}, {5.0F, -400.0F}}) {
+        EXPECT_EQ(errorOf([&] { over(form.pb5, at.first, at.second, kLeftButton); }),
                   ErrorNumber{});
         EXPECT_EQ(status(1), before);
     }
