@@ -43,7 +43,9 @@ const std::vector<PixelWord>& wordsByLevelAndHue() {
 
 std::uint8_t hueOf(Single degrees) noexcept {
     constexpr Double kShift = 6755399441055744.0;
-    return static_cast<std::uint8_t>((degrees / kDegreesPerHue + kShift) - kShift);
+    const Double hue = (degrees / kDegreesPerHue + kShift) - kShift;
+    // What is not a number has no hue; its draw ends with an overflow.
+    return hue >= 0 ? static_cast<std::uint8_t>(hue) : std::uint8_t{0};
 }
 
 }  // namespace
