@@ -83,7 +83,7 @@ TEST_F(PointerReadout, PositionsRoundHalfToEven) {
 TEST_F(PointerReadout, ACapturedMoveLeftOfAnFtPanelOrAboveItLeavesTheReadOutAsItWas) {
     over(form.pb5, 10, 20);
     const std::string before = status(1);
-    for (const std::pair<Single, Single> at :
+    for (const std::pair<Single, Single>& at :
          {std::pair{-1.0F, 5.0F}, {-400.0F, 5.0F}, {5.0F, -1.0F}, {5.0F, -400.0F}}) {
         EXPECT_EQ(errorOf([&] { over(form.pb5, at.first, at.second, kLeftButton); }),
                   ErrorNumber{});
