@@ -169,8 +169,8 @@ public:
     /// Before the opening: a session that ended without its closing is taken up, and
     /// this one is kept against such an end. Without the call neither is done.
     void keepSessions() { keeper_ = std::make_unique<SessionKeeper>(lab); }
-    /// Keeps the session of this moment where anything has changed. False during a
-    /// batch, which goes through pictures that are not the user's.
+    /// Keeps the session of this moment where anything has changed. False while a panel
+    /// shows a picture that is not the user's: one of a batch, or Alt's magnified patch.
     bool writeSnapshot();
     /// Writes what the closing writes, and the session goes on. Nobody is asked,
     /// and a failure is said on the standard error output.

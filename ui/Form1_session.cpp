@@ -197,7 +197,7 @@ void Form1::endSession(Ending ending) noexcept {
 }
 
 bool Form1::writeSnapshot() {
-    if (lab.channel1.bBatch)
+    if (lab.channel1.bBatch || showsProfile())
         return false;
     if (keeper_ && opened_ && !unloaded_)
         keeper_->writeSnapshot();

@@ -74,6 +74,19 @@ TEST_F(SessionKeeping, KeepsWhatHasChangedAndOnlyThen) {
     EXPECT_NE(desktop.files.bytesOf(script(1)).find("LOWPASS"), std::string::npos);
 }
 
+TEST_F(SessionKeeping, WaitsWhileAltShowsItsPatchOnTheImage) {
+    const auto program = startAndWork();
+    program->KeyDown(kKeyAlt, kAltKey);
+    program->MouseMove(program->pb2, 0, kAltKey, 60, 90);
+    ASSERT_NE(program->pb1.Image(), discPicture());
+    EXPECT_FALSE(program->writeSnapshot());
+    EXPECT_FALSE(isKept(1));
+    program->KeyUp(kKeyAlt, 0);
+    EXPECT_TRUE(program->writeSnapshot());
+    EXPECT_NE(desktop.files.bytesOf(script(1)).find("Halvard-Image1.jpg"), std::string::npos)
+        << "the channel still shows its file";
+}
+
 TEST_F(SessionKeeping, ChangesNothingThatTheLabShows) {
     const auto program = startAndWork();
     program->ShowStatus(2, "text");
